@@ -1,0 +1,23 @@
+# orv_library(<name> SOURCES <file>... [USES <library>...])
+# One static library for a product folder. USES names the libraries whose headers and code it needs.
+function(orv_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC orv_options ${ARG_USES})
+endfunction()
+
+# orv_test(<name> SOURCES <file>... USES <library>... [TIMEOUT <seconds>] [ARGS <argument>...])
+# One test program, run as one process; the deadline ends a program that hangs.
+function(orv_test name)
+  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;USES;ARGS" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE orv_options ${ARG_USES} GTest::gtest GTest::gmock)
+  if(MINGW)
+    target_link_options(${name} PRIVATE -static)
+  endif()
+  add_test(NAME ${name} COMMAND ${name} ${ARG_ARGS})
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} WORKING_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+endfunction()

@@ -1,0 +1,48 @@
+// The one process-wide object of the plug-in.
+#pragma once
+
+#include "base/noncopyable.h"
+#include "config/client_info.h"
+#include "config/scene_analysis.h"
+#include "log/module_log.h"
+
+#include <atomic>
+#include <cstdint>
+
+namespace orv {
+
+// States of a background worker. Shared by the dialog and the workers.
+constexpr std::int32_t kWorkerNone = -1;
+constexpr std::int32_t kWorkerRunning = 0;
+constexpr std::int32_t kWorkerFinished = 11;
+
+class PluginData : private rud_Noncopyable {
+public:
+    // The instance, built on first use by whichever thread asks first. Opens the "rud_data" log.
+    static PluginData& instance();
+
+    // Fills `info` from the product folder's layout, the settings file and custom.bin, all read afresh.
+    // Always true: whether the files exist is not checked, missing values are empty and 0.
+    bool loadClientInfo(ClientInfo& info);
+
+    ModuleLog& log() { return log_; }
+
+    SceneAnalysis analysis;
+
+    // Shared by the dialog and its workers without a lock.
+    std::atomic<std::int32_t> submitState{kWorkerNone};
+    std::atomic<std::int32_t> progressState{kWorkerNone};
+    std::atomic<bool> done{false}; // ends the progress dialog
+    std::atomic<bool> hide{false}; // hides the progress dialog while a message box is open
+    std::atomic<bool> confirmationRequired{false};
+
+private:
+    PluginData();
+
+    // Takes the text behind the first "=" of custom.bin as `info.ip`. 1 when a value was taken, else 0.
+    int readCustomAddress(ClientInfo& info);
+
+    ModuleLog log_;
+};
+
+} // namespace orv

@@ -1,0 +1,78 @@
+// What is known of the open scene after its analysis, and what the user chose for it: plain data that
+// depends on nothing, so that every folder can share it.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace orv {
+
+// One line for the user: severity is "ERROR", "WARN" or "INFO"; the text is UTF-8.
+struct AnalysisMessage {
+    std::string severity;
+    std::string text;
+};
+
+enum class CoronaLimitState : std::int32_t {
+    NoLimits = 0,       // the report has no Corona limits
+    NothingLimited = 1, // it would render for ever
+    OnlyTimeLimited = 2,
+    Limited = 3,
+};
+
+struct CameraInfo {
+    std::wstring name;           // output name: the camera's name without characters that may not stand in it
+    std::int32_t width = 0;      // pixels
+    std::int32_t height = 0;     // pixels
+    std::int32_t startFrame = 0; // the frame to render
+    std::wstring imageFormat;    // upper case, for example "PNG"
+    bool isSpherical = false;
+    bool selected = false; // the check mark of the camera table
+};
+
+// The cameras by the name that the report gives them.
+using CameraMap = std::map<std::wstring, CameraInfo>;
+
+struct SceneAnalysis {
+    std::wstring reportText; // the analysis report, JSON
+    std::wstring reportPath; // the file it was read from
+    std::vector<std::wstring> problemFiles;
+    std::vector<std::wstring> tips;
+    double coronaTimeLimitHours = 0.0;
+    std::int32_t coronaPassLimit = 0;
+    std::int32_t coronaTimeLimitSeconds = 0;
+    double coronaNoiseLimit = 0.0; // per cent
+    std::string isRegion;          // "true" when region rendering is on
+    std::vector<AnalysisMessage> messages;
+    float gammaOut = 0.0F;
+    CoronaLimitState coronaState = CoronaLimitState::NoLimits;
+    std::int32_t irradmapPreset = 0;
+    std::int32_t irradmapMinRate = 0;
+    std::int32_t irradmapMaxRate = 0;
+    std::int32_t imageSamplerType = 0;
+    CameraMap cameras;
+    std::wstring duplicateCameraNames; // joined by ","
+    bool hasIllegalReference = false;
+
+    std::string sceneFileName; // UTF-8, last part of the scene's path
+    std::string sceneFilePath; // UTF-8, the scene's full path
+    std::string recordedSceneName; // UTF-8, the name last typed for the scene
+    std::int32_t saveCount = 0;    // scenes saved under a typed name so far
+
+    // Options collected from the dialog when a job is submitted.
+    std::int32_t blockMode = 1;   // 1 none, 10 three, 64 six, 1010 distributed blocks
+    std::int32_t blockCount = 10; // blocks of mode 1010, 2 to 10
+    bool useCorona = false;
+    bool colorChannel = false;
+    bool aoChannel = false;
+    double aoRadius = 1000.0;
+    std::int32_t aoSubdivs = 16;
+    float gamma = 2.2F;
+    bool materialChannel = false;
+    bool giChannel = false;
+    bool psdChannel = false;
+};
+
+} // namespace orv

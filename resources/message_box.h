@@ -1,0 +1,23 @@
+// Message boxes and texts for the C++ side.
+#pragma once
+
+#include "base/windows.h"
+
+#include <string>
+
+namespace orv {
+
+// The text of number `id`, empty when there is none. Safe from any thread: no shared buffer.
+std::wstring ResourceText(unsigned id);
+
+// Language of message boxes by the text of language marker 57: English for exactly "0", else 1.
+WORD MessageBoxLanguage(const std::wstring& marker);
+
+// A message box owned by `owner` (may be null), with the plug-in's own themed controls; returns the
+// button's id. Its language follows the language marker.
+int ShowMessage(HWND owner, const std::wstring& text, const std::wstring& caption, UINT type = MB_OK);
+
+// The same with both texts by number.
+int ShowMessage(HWND owner, unsigned textId, unsigned captionId, UINT type = MB_OK);
+
+} // namespace orv

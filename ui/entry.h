@@ -1,0 +1,13 @@
+// What the plug-in's actions call. Plain C: the actions are compiled for the host's object layout.
+#pragma once
+
+#include "base/windows.h"
+
+extern "C" {
+
+// Runs the submission dialog modally over `owner`; returns when it is closed. Lets no exception out.
+void orv_open_main_dialog(HWND owner);
+
+// Shows the box with the product's name and version, without an owner.
+void orv_show_about(void);
+}
