@@ -1,0 +1,183 @@
+#include "tests/support/message_box_watcher.h"
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <utility>
+
+namespace orv {
+namespace test {
+namespace {
+
+constexpr wchar_t kDialogClass[] = L"#32770";
+constexpr UINT kAnswerTimeoutMilliseconds = 1000;
+constexpr int kTextId = 0xFFFF;   // the id that Windows gives the text of a message box
+constexpr int kLastButtonId = 11; // IDCONTINUE, the last of the standard buttons
+
+std::wstring ClassOf(HWND window) {
+    std::array<wchar_t, 64> name{};
+    ::GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+    return name.data();
+}
+
+std::vector<HWND> ChildrenOf(HWND parent) {
+    std::vector<HWND> children;
+    for (HWND child = ::GetWindow(parent, GW_CHILD); child != nullptr;
+         child = ::GetWindow(child, GW_HWNDNEXT))
+        children.push_back(child);
+    return children;
+}
+
+bool IsVisible(HWND window) {
+    return (::GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+bool IsStandardButton(HWND control) {
+    const int id = ::GetDlgCtrlID(control);
+    return ClassOf(control) == L"Button" && id >= IDOK && id <= kLastButtonId;
+}
+
+bool IsMessageBox(HWND window) {
+    bool hasButton = false;
+    bool hasText = false;
+    for (HWND control : ChildrenOf(window)) {
+        if (!IsVisible(control))
+            continue;
+        if (IsStandardButton(control))
+            hasButton = true;
+        else if (ClassOf(control) != L"Static")
+            return false;
+        if ((::GetDlgCtrlID(control) & 0xFFFF) == kTextId)
+            hasText = true;
+    }
+    return hasButton && hasText;
+}
+
+// The visible dialogs of a process, nearest to the user first.
+std::vector<HWND> DialogsOf(DWORD processId) {
+    struct Search {
+        DWORD processId;
+        std::vector<HWND> found;
+    } search{processId, {}};
+    ::EnumWindows(
+        [](HWND window, LPARAM parameter) -> BOOL {
+            auto& all = *reinterpret_cast<Search*>(parameter);
+            DWORD owner = 0;
+            ::GetWindowThreadProcessId(window, &owner);
+            if (owner == all.processId && ::IsWindowVisible(window) &&
+                ClassOf(window) == kDialogClass)
+                all.found.push_back(window);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+SeenMessageBox Read(HWND box) {
+    SeenMessageBox seen;
+    seen.caption = ReadWindowText(box);
+    seen.owner = ::GetWindow(box, GW_OWNER);
+    for (HWND control : ChildrenOf(box)) {
+        if (!IsVisible(control))
+            continue;
+        if (IsStandardButton(control)) {
+            seen.buttons.push_back(::GetDlgCtrlID(control));
+            seen.buttonLabels.push_back(ReadWindowText(control));
+        } else if ((::GetDlgCtrlID(control) & 0xFFFF) == kTextId) {
+            seen.text = ReadWindowText(control);
+        }
+    }
+    return seen;
+}
+
+} // namespace
+
+MessageBoxWatcher::MessageBoxWatcher(std::wstring caption, std::vector<int> answers,
+                                     DWORD processId)
+    : caption_(std::move(caption)), answers_(std::move(answers)), processId_(processId),
+      thread_([this] { watch(); }) {}
+
+MessageBoxWatcher::~MessageBoxWatcher() {
+    stop();
+}
+
+std::vector<SeenMessageBox> MessageBoxWatcher::stop() {
+    ended_ = true;
+    if (thread_.joinable())
+        thread_.join();
+    return seen();
+}
+
+std::vector<SeenMessageBox> MessageBoxWatcher::seen() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return boxes_;
+}
+
+bool MessageBoxWatcher::waitForBoxes(std::size_t count, std::chrono::milliseconds deadline) const {
+    return WaitUntil([&] { return seen().size() >= count; }, deadline);
+}
+
+void MessageBoxWatcher::watch() {
+    WaitUntil(
+        [this] {
+            for (HWND dialog : DialogsOf(processId_)) {
+                if (ended_)
+                    break;
+                if (IsMessageBox(dialog) &&
+                    (caption_.empty() || ReadWindowText(dialog) == caption_))
+                    answer(dialog);
+            }
+            return ended_.load();
+        },
+        std::chrono::hours(1));
+}
+
+void MessageBoxWatcher::answer(HWND box) {
+    SeenMessageBox seen = Read(box);
+    if (seen.buttons.empty()) // closed by somebody else meanwhile
+        return;
+    {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        const std::size_t next = std::min(boxes_.size() + 1, answers_.size());
+        const int wanted = next == 0 ? IDOK : answers_[next - 1];
+        const bool offered = std::count(seen.buttons.begin(), seen.buttons.end(), wanted) > 0;
+        seen.answer = offered ? wanted : seen.buttons.front();
+        boxes_.push_back(seen);
+    }
+    // The box runs on its own thread: a posted command is what a click on the button becomes.
+    ::PostMessageW(box, WM_COMMAND, MAKEWPARAM(seen.answer, BN_CLICKED),
+                   reinterpret_cast<LPARAM>(::GetDlgItem(box, seen.answer)));
+    WaitUntil([&] { return !::IsWindow(box) || !::IsWindowVisible(box) || ended_; });
+}
+
+std::wstring ReadWindowText(HWND window) {
+    DWORD_PTR length = 0;
+    if (::SendMessageTimeoutW(window, WM_GETTEXTLENGTH, 0, 0, SMTO_ABORTIFHUNG,
+                              kAnswerTimeoutMilliseconds, &length) == 0)
+        return {};
+    std::vector<wchar_t> text(static_cast<std::size_t>(length) + 1);
+    DWORD_PTR copied = 0;
+    if (::SendMessageTimeoutW(window, WM_GETTEXT, text.size(),
+                              reinterpret_cast<LPARAM>(text.data()), SMTO_ABORTIFHUNG,
+                              kAnswerTimeoutMilliseconds, &copied) == 0)
+        return {};
+    return std::wstring(text.data(), std::min(static_cast<std::size_t>(copied), text.size() - 1));
+}
+
+HWND WaitForDialog(const std::wstring& caption, DWORD processId,
+                   std::chrono::milliseconds deadline) {
+    HWND found = nullptr;
+    WaitUntil(
+        [&] {
+            for (HWND dialog : DialogsOf(processId)) {
+                if (ReadWindowText(dialog) == caption)
+                    found = dialog;
+            }
+            return found != nullptr;
+        },
+        deadline);
+    return found;
+}
+
+} // namespace test
+} // namespace orv
