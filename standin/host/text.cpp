@@ -1,0 +1,91 @@
+#include "standin/host/text.h"
+
+#include "base/windows.h"
+
+#include <cstdio>
+#include <memory>
+
+namespace standin {
+namespace {
+
+struct CloseStream {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using Stream = std::unique_ptr<std::FILE, CloseStream>;
+
+size_t LastSeparator(const std::wstring& path) { return path.find_last_of(L"/\\"); }
+
+} // namespace
+
+std::string ToUtf8(const std::wstring& text) {
+    const int length = static_cast<int>(text.size());
+    const int need = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string utf8(static_cast<size_t>(need), '\0');
+    if (need > 0) {
+        WideCharToMultiByte(CP_UTF8, 0, text.data(), length, &utf8[0], need, nullptr, nullptr);
+    }
+    return utf8;
+}
+
+std::wstring ToWide(const std::string& utf8) {
+    const int length = static_cast<int>(utf8.size());
+    const int need = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, nullptr, 0);
+    std::wstring text(static_cast<size_t>(need), L'\0');
+    if (need > 0) {
+        MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, &text[0], need);
+    }
+    return text;
+}
+
+bool SameText(const std::wstring& left, const std::wstring& right) {
+    return CompareStringOrdinal(left.c_str(), static_cast<int>(left.size()), right.c_str(),
+                                static_cast<int>(right.size()), TRUE) == CSTR_EQUAL;
+}
+
+std::wstring FileNameOf(const std::wstring& path) {
+    const size_t separator = LastSeparator(path);
+    return separator == std::wstring::npos ? path : path.substr(separator + 1);
+}
+
+std::wstring FolderOf(const std::wstring& path) {
+    const size_t separator = LastSeparator(path);
+    return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator);
+}
+
+bool FileExists(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+bool CanBeWritten(const std::wstring& existingFile) {
+    return Stream(_wfopen(existingFile.c_str(), L"r+b")) != nullptr;
+}
+
+bool ReadWholeFile(const std::wstring& path, std::string& bytes) {
+    const Stream file(_wfopen(path.c_str(), L"rb"));
+    if (!file) {
+        return false;
+    }
+    std::string content;
+    char block[16384];
+    size_t count = 0;
+    while ((count = std::fread(block, 1, sizeof(block), file.get())) > 0) {
+        content.append(block, count);
+    }
+    if (std::ferror(file.get()) != 0) {
+        return false;
+    }
+    bytes.swap(content);
+    return true;
+}
+
+bool WriteWholeFile(const std::wstring& path, const std::string& bytes) {
+    const Stream file(_wfopen(path.c_str(), L"wb"));
+    if (!file) {
+        return false;
+    }
+    return std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
+           std::fflush(file.get()) == 0;
+}
+
+} // namespace standin
