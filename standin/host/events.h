@@ -1,5 +1,5 @@
-// What the host tells the outside while it runs: one JSON object for each event. The names and members
-// of the events are listed in README.md.
+// What the host tells the outside while it runs: one JSON object for each event. The names and
+// members of the events are listed in README.md.
 #pragma once
 
 #include <json/json.h>
@@ -10,7 +10,8 @@
 
 namespace standin {
 
-// Receives each event on the host's main thread. An empty function is allowed: nothing is told then.
+// Receives each event on the host's main thread. An empty function is allowed: nothing is told
+// then.
 using EventSink = std::function<void(const Json::Value&)>;
 
 // An event under construction: Event("saved").with("path", path).tell(sink).

@@ -70,7 +70,8 @@ ScriptOutcome ParserCallRunner::fileIn(const std::wstring& path) {
         return Failure(L"fileIn: cannot open file: " + path);
     }
     if (IsParser(path)) {
-        // The parser only defines gMax when it is loaded; what it was told to do, it does when called.
+        // The parser only defines gMax when it is loaded; what it was told to do, it does when
+        // called.
         parserFile_ = path;
         return Done();
     }
@@ -97,7 +98,8 @@ ScriptOutcome ParserCallRunner::analysis(const std::wstring& reportPath) {
     if (!WriteWholeFile(reportPath, report)) {
         return Failure(L"cannot create file: " + reportPath);
     }
-    const std::string log = "parsed " + ToUtf8(scene_.path()) + "\nwrote " + ToUtf8(reportPath) + "\n";
+    const std::string log =
+        "parsed " + ToUtf8(scene_.path()) + "\nwrote " + ToUtf8(reportPath) + "\n";
     return Done(WriteWholeFile(reportPath + L".log", log));
 }
 

@@ -7,10 +7,10 @@
 
 namespace standin {
 
-// Understands `fileIn "file"` of any script file that exists, and `gMax.analysis "report" ""` once the
-// scene parser was loaded: the report is then written from the scene's description, with a log beside
-// it. What the description commands for a script (failing, writing nothing or other bytes, waiting) is
-// done in place of that.
+// Understands `fileIn "file"` of any script file that exists, and `gMax.analysis "report" ""` once
+// the scene parser was loaded: the report is then written from the scene's description, with a log
+// beside it. What the description commands for a script (failing, writing nothing or other bytes,
+// waiting) is done in place of that.
 class ParserCallRunner : public ScriptRunner {
 public:
     explicit ParserCallRunner(const Scene& scene) : scene_(scene) {}

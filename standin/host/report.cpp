@@ -11,9 +11,15 @@
 namespace standin {
 namespace {
 
-Json::Value Text(const std::wstring& text) { return Json::Value(ToUtf8(text)); }
-Json::Value Text(int number) { return Json::Value(std::to_string(number)); }
-Json::Value Text(bool flag) { return Json::Value(flag ? "true" : "false"); }
+Json::Value Text(const std::wstring& text) {
+    return Json::Value(ToUtf8(text));
+}
+Json::Value Text(int number) {
+    return Json::Value(std::to_string(number));
+}
+Json::Value Text(bool flag) {
+    return Json::Value(flag ? "true" : "false");
+}
 
 Json::Value Text(double number) {
     char text[32];

@@ -7,7 +7,9 @@
 namespace standin {
 namespace {
 
-std::wstring DescriptionOf(const std::wstring& scenePath) { return scenePath + L".json"; }
+std::wstring DescriptionOf(const std::wstring& scenePath) {
+    return scenePath + L".json";
+}
 
 std::wstring FullPathOf(const std::wstring& path) {
     const DWORD need = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
@@ -54,7 +56,9 @@ bool Scene::describe(const std::string& json, std::string& error) {
     return true;
 }
 
-bool Scene::save() { return hasFile() && saveTo(path_, true, true); }
+bool Scene::save() {
+    return hasFile() && saveTo(path_, true, true);
+}
 
 bool Scene::saveTo(const std::wstring& path, bool clearModified, bool makeCurrent) {
     if (path.empty() || description_.refuseSave) {
@@ -82,6 +86,8 @@ bool Scene::saveTo(const std::wstring& path, bool clearModified, bool makeCurren
     return true;
 }
 
-std::wstring Scene::fileName() const { return FileNameOf(path_); }
+std::wstring Scene::fileName() const {
+    return FileNameOf(path_);
+}
 
 } // namespace standin

@@ -1,4 +1,5 @@
-// The open scene: a file of any bytes with a description beside it ("NAME.max" and "NAME.max.json").
+// The open scene: a file of any bytes with a description beside it ("NAME.max" and
+// "NAME.max.json").
 #pragma once
 
 #include "standin/host/scene_description.h"
@@ -9,13 +10,13 @@ namespace standin {
 
 class Scene {
 public:
-    // Opens a scene file. The description beside it may be absent: such a scene holds nothing. False,
-    // with a reason, when the file is absent or its description cannot be read; the scene that was
-    // open stays open.
+    // Opens a scene file. The description beside it may be absent: such a scene holds nothing.
+    // False, with a reason, when the file is absent or its description cannot be read; the scene
+    // that was open stays open.
     bool open(const std::wstring& path, std::string& error);
 
-    // Replaces the content by a description text (see README.md); the file name stays. False, with a
-    // reason, for a text that is no description; nothing changes then.
+    // Replaces the content by a description text (see README.md); the file name stays. False, with
+    // a reason, for a text that is no description; nothing changes then.
     bool describe(const std::string& json, std::string& error);
 
     // Saves to the current file, which has to exist as a name: see hasFile(). False when the

@@ -58,7 +58,8 @@ void Read(const Json::Value& object, const char* name, std::vector<std::wstring>
     }
 }
 
-bool Read(const Json::Value& object, const char* name, std::map<std::string, Json::Value>& settings) {
+bool Read(const Json::Value& object, const char* name,
+          std::map<std::string, Json::Value>& settings) {
     const Json::Value& values = Member(object, name);
     if (!values.isObject()) {
         return false;

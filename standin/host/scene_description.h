@@ -1,5 +1,5 @@
-// What a scene holds, as its description beside the scene file says it. The format of the description
-// is explained in README.md.
+// What a scene holds, as its description beside the scene file says it. The format of the
+// description is explained in README.md.
 #pragma once
 
 #include <json/json.h>
@@ -61,7 +61,8 @@ struct SceneDescription {
 
 // Reads a description. Members that are absent or of another type keep their defaults, so that no
 // description can stop the host. False, with a reason, only when the text is no JSON object.
-bool ReadSceneDescription(const std::string& json, SceneDescription& description, std::string& error);
+bool ReadSceneDescription(const std::string& json, SceneDescription& description,
+                          std::string& error);
 
 // What the script of that file name does; a script that the description does not name works.
 ScriptBehaviour BehaviourOf(const SceneDescription& description, const std::wstring& scriptFile);

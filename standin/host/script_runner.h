@@ -22,7 +22,8 @@ class ScriptRunner {
 public:
     virtual ~ScriptRunner() = default;
 
-    // Runs a text on the host's main thread. A failing script is reported in the outcome, never thrown.
+    // Runs a text on the host's main thread. A failing script is reported in the outcome, never
+    // thrown.
     virtual ScriptOutcome run(const std::wstring& text) = 0;
 };
 

@@ -3,7 +3,9 @@
 namespace standin {
 namespace {
 
-bool IsBlank(wchar_t character) { return character == L' ' || character == L'\t'; }
+bool IsBlank(wchar_t character) {
+    return character == L' ' || character == L'\t';
+}
 bool IsLineEnd(wchar_t character) {
     return character == L'\n' || character == L'\r' || character == L';';
 }
@@ -130,7 +132,8 @@ bool ParseCall(Reader& reader, ScriptCall& call, std::wstring& error) {
 
 } // namespace
 
-bool ParseScriptText(const std::wstring& text, std::vector<ScriptCall>& calls, std::wstring& error) {
+bool ParseScriptText(const std::wstring& text, std::vector<ScriptCall>& calls,
+                     std::wstring& error) {
     std::vector<ScriptCall> found;
     Reader reader(text);
     for (reader.skipLineEnds(); !reader.atEnd(); reader.skipLineEnds()) {

@@ -11,9 +11,9 @@ struct ScriptCall {
     std::vector<std::wstring> arguments; // text literals, their escapes resolved
 };
 
-// Takes a script text apart into its calls. Text literals follow MAXScript's rules: \" \n \r \t \* \? \\
-// \% and \x with hexadecimal digits are escapes, @"..." has none, and a backslash before any other
-// character stays. False, with a reason, for a text of another form.
+// Takes a script text apart into its calls. Text literals follow MAXScript's rules: a backslash
+// makes an escape with one of  \ " n r t * ? %  or with x and hexadecimal digits, and stays before
+// any other character; @"..." has no escapes. False, with a reason, for a text of another form.
 bool ParseScriptText(const std::wstring& text, std::vector<ScriptCall>& calls, std::wstring& error);
 
 } // namespace standin

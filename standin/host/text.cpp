@@ -13,13 +13,16 @@ struct CloseStream {
 };
 using Stream = std::unique_ptr<std::FILE, CloseStream>;
 
-size_t LastSeparator(const std::wstring& path) { return path.find_last_of(L"/\\"); }
+size_t LastSeparator(const std::wstring& path) {
+    return path.find_last_of(L"/\\");
+}
 
 } // namespace
 
 std::string ToUtf8(const std::wstring& text) {
     const int length = static_cast<int>(text.size());
-    const int need = WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+    const int need =
+        WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
     std::string utf8(static_cast<size_t>(need), '\0');
     if (need > 0) {
         WideCharToMultiByte(CP_UTF8, 0, text.data(), length, &utf8[0], need, nullptr, nullptr);
@@ -58,7 +61,10 @@ bool FileExists(const std::wstring& path) {
 }
 
 bool CanBeWritten(const std::wstring& existingFile) {
-    return Stream(_wfopen(existingFile.c_str(), L"r+b")) != nullptr;
+    // An administrator may open a read-only file all the same, so the mark is asked for.
+    const DWORD attributes = GetFileAttributesW(existingFile.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) == 0 &&
+           Stream(_wfopen(existingFile.c_str(), L"r+b")) != nullptr;
 }
 
 bool ReadWholeFile(const std::wstring& path, std::string& bytes) {

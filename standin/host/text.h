@@ -1,5 +1,5 @@
-// Small helpers for texts, paths and whole files. They are the stand-in's own, so that a mistake in the
-// product's conversions cannot hide behind the same mistake here.
+// Small helpers for texts, paths and whole files. They are the stand-in's own, so that a mistake in
+// the product's conversions cannot hide behind the same mistake here.
 #pragma once
 
 #include <string>
@@ -20,7 +20,8 @@ std::wstring FolderOf(const std::wstring& path);
 bool FileExists(const std::wstring& path);
 bool CanBeWritten(const std::wstring& existingFile);
 
-// Reads or writes a whole file as bytes. False when it cannot be done; `bytes` is then left as it was.
+// Reads or writes a whole file as bytes. False when it cannot be done; `bytes` is then left as it
+// was.
 bool ReadWholeFile(const std::wstring& path, std::string& bytes);
 bool WriteWholeFile(const std::wstring& path, const std::string& bytes);
 

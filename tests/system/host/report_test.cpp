@@ -1,7 +1,7 @@
 // The report against tables: what each part of a scene's description becomes.
 #include "standin/host/report.h"
 #include "standin/host/text.h"
-#include "tests/system/host/temp_folder.h"
+#include "tests/system/host/scene_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -95,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(
             R"({"error_code": [{"code": "107"}, {"code": "5"}]})"}));
 
 TEST(Report, NamesTheOpenFileWithItsFullPath) {
-    test::TempFolder folder;
+    SceneFolder folder;
     standin::Scene scene;
     std::string error;
     ASSERT_TRUE(scene.open(folder.write(L"\u573A\u666F 1.max", "x"), error)) << error;
@@ -104,7 +104,7 @@ TEST(Report, NamesTheOpenFileWithItsFullPath) {
 }
 
 TEST(Report, LooksForABareFileNameBesideTheScene) {
-    test::TempFolder folder;
+    SceneFolder folder;
     folder.write(L"here.png", "x");
     folder.write(L"a.max.json", R"({"external_files": ["here.png", "gone.png"]})");
     standin::Scene scene;

@@ -1,7 +1,7 @@
 // Opening, saving and refusing scenes, through real files.
 #include "standin/host/scene.h"
 #include "standin/host/text.h"
-#include "tests/system/host/temp_folder.h"
+#include "tests/system/host/scene_folder.h"
 
 #include "base/windows.h"
 
@@ -18,7 +18,7 @@ protected:
         return folder.write(L"\u6837\u677F shot.max", bytes);
     }
 
-    test::TempFolder folder;
+    SceneFolder folder;
     Scene scene;
     std::string error;
 };
@@ -62,8 +62,8 @@ TEST_F(SceneFile, SavingToANewPathCopiesBytesAndDescriptionAndBecomesTheOpenFile
     ASSERT_TRUE(scene.open(put(description, bytes), error)) << error;
     const std::wstring target = folder.file(L"\u65B0 name");
     ASSERT_TRUE(scene.saveTo(target, true, true));
-    EXPECT_EQ(test::BytesOf(target), bytes);
-    EXPECT_EQ(test::BytesOf(target + L".json"), description);
+    EXPECT_EQ(orv::test::ReadFileBytes(target), bytes);
+    EXPECT_EQ(orv::test::ReadFileBytes(target + L".json"), description);
     EXPECT_EQ(scene.path(), target);
     EXPECT_FALSE(scene.modified());
 }
@@ -110,6 +110,15 @@ TEST_F(SceneFile, AReadOnlyFileCannotBeSaved) {
     EXPECT_TRUE(scene.save());
 }
 
+TEST_F(SceneFile, AFileThatAnotherProgramHoldsCannotBeSaved) {
+    const std::wstring path = put("{}");
+    ASSERT_TRUE(scene.open(path, error)) << error;
+    orv::FileHandle held = orv::test::HoldExclusively(path);
+    EXPECT_FALSE(scene.save());
+    held.reset();
+    EXPECT_TRUE(scene.save());
+}
+
 struct OddDescription {
     const char* json;
     bool accepted;
@@ -120,7 +129,8 @@ class OddDescriptions : public ::testing::TestWithParam<OddDescription> {};
 TEST_P(OddDescriptions, NeverStopTheHost) {
     standin::SceneDescription description;
     std::string error;
-    EXPECT_EQ(standin::ReadSceneDescription(GetParam().json, description, error), GetParam().accepted);
+    EXPECT_EQ(standin::ReadSceneDescription(GetParam().json, description, error),
+              GetParam().accepted);
     EXPECT_EQ(description.imageWidth, 640);
     EXPECT_EQ(error.empty(), GetParam().accepted);
 }

@@ -1,7 +1,7 @@
 // The script runner: which texts it understands, and what the scene's description makes scripts do.
 #include "standin/host/parser_call_runner.h"
 #include "standin/host/text.h"
-#include "tests/system/host/temp_folder.h"
+#include "tests/system/host/scene_folder.h"
 
 #include "base/windows.h"
 
@@ -37,16 +37,17 @@ TEST_P(TextLiterals, AreReadAsTheHostReadsThem) {
     EXPECT_EQ(calls[0].arguments[0], GetParam().meant);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Literals, TextLiterals,
-    ::testing::Values(Literal{LR"("C:\ProgramData/Orv/a.mse")", L"C:\\ProgramData/Orv/a.mse"},
-                      Literal{LR"("C:\new\text")", L"C:\new\text"},
-                      Literal{LR"("a\\b\"c\*\?\%")", L"a\\b\"c*?%"},
-                      Literal{LR"("\x4e2d\xyz")", L"\u4E2D\\xyz"},
-                      Literal{LR"(@"C:\new\text\")", L"C:\\new\\text\\"},
-                      Literal{LR"("two
-lines")", L"two\nlines"},
-                      Literal{LR"("")", L""}));
+INSTANTIATE_TEST_SUITE_P(Literals, TextLiterals,
+                         ::testing::Values(Literal{LR"("C:\ProgramData/Orv/a.mse")",
+                                                   L"C:\\ProgramData/Orv/a.mse"},
+                                           Literal{LR"("C:\new\text")", L"C:\new\text"},
+                                           Literal{LR"("a\\b\"c\*\?\%")", L"a\\b\"c*?%"},
+                                           Literal{LR"("\x4e2d\xyz")", L"\u4E2D\\xyz"},
+                                           Literal{LR"(@"C:\new\text\")", L"C:\\new\\text\\"},
+                                           Literal{LR"("two
+lines")",
+                                                   L"two\nlines"},
+                                           Literal{LR"("")", L""}));
 
 TEST(ScriptText, ASecondLineIsASecondCall) {
     const auto calls = Calls(L"fileIn \"a.mse\"\ngMax.analysis \"b.ret\" \"\"");
@@ -86,7 +87,7 @@ protected:
         return runner.run(L"fileIn @\"" + parser + L"\"\ngMax.analysis @\"" + report + L"\" \"\"");
     }
 
-    test::TempFolder folder;
+    SceneFolder folder;
     standin::Scene scene;
     ParserCallRunner runner{scene};
     std::wstring parser;
@@ -100,7 +101,7 @@ TEST_F(Scripts, TheAnalysisWritesReportAndLogAndGivesTrue) {
     EXPECT_EQ(outcome.type, ScriptOutcome::Type::Boolean);
     EXPECT_TRUE(outcome.boolean);
     Json::Value json;
-    std::istringstream(test::BytesOf(report)) >> json;
+    std::istringstream(orv::test::ReadFileBytes(report)) >> json;
     EXPECT_EQ(json["cameras"][0]["name"].asString(), "A");
     EXPECT_TRUE(standin::FileExists(report + L".log"));
 }
@@ -151,10 +152,10 @@ struct Written {
 class GivenReports : public Scripts, public ::testing::WithParamInterface<Written> {};
 
 TEST_P(GivenReports, AreWrittenToTheByte) {
-    describe(std::string(R"({"scripts": {"MaxRenderGlobalsParser.mse": )") + GetParam().description +
-             "}}");
+    describe(std::string(R"({"scripts": {"MaxRenderGlobalsParser.mse": )") +
+             GetParam().description + "}}");
     EXPECT_TRUE(analyse().ok);
-    EXPECT_EQ(test::BytesOf(report), GetParam().bytes);
+    EXPECT_EQ(orv::test::ReadFileBytes(report), GetParam().bytes);
 }
 
 INSTANTIATE_TEST_SUITE_P(
