@@ -1,1 +1,47 @@
+#include "resources/message_box.h"
 
+#include "resources/activation_context.h"
+#include "resources/text.h"
+#include "resources/texts.h"
+
+namespace orv {
+
+namespace {
+
+constexpr int kTextSize = 256; // the same limit as the loaders in text.h
+
+constexpr WORD kEnglish = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
+// The number asked for where the texts are not English. Windows has no buttons for it unless its
+// language is installed, and then labels them in the language of the user.
+constexpr WORD kNotEnglish = 1;
+
+} // namespace
+
+std::wstring ResourceText(unsigned id) {
+    if (hInstance == nullptr)
+        return {};
+    wchar_t buffer[kTextSize];
+    const int length = ::LoadStringW(hInstance, id, buffer, kTextSize);
+    return length > 0 ? std::wstring(buffer, static_cast<std::size_t>(length)) : std::wstring();
+}
+
+WORD MessageBoxLanguage(const std::wstring& marker) {
+    return marker == L"0" ? kEnglish : kNotEnglish;
+}
+
+int ShowMessage(HWND owner, const std::wstring& text, const std::wstring& caption, UINT type,
+                const std::wstring& languageMarker) {
+    const ActivationContextScope themedControls;
+    return ::MessageBoxExW(owner, text.c_str(), caption.c_str(), type,
+                           MessageBoxLanguage(languageMarker));
+}
+
+int ShowMessage(HWND owner, const std::wstring& text, const std::wstring& caption, UINT type) {
+    return ShowMessage(owner, text, caption, type, ResourceText(IDS_LANGUAGE_MARKER));
+}
+
+int ShowMessage(HWND owner, unsigned textId, unsigned captionId, UINT type) {
+    return ShowMessage(owner, ResourceText(textId), ResourceText(captionId), type);
+}
+
+} // namespace orv

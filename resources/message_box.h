@@ -14,10 +14,15 @@ std::wstring ResourceText(unsigned id);
 WORD MessageBoxLanguage(const std::wstring& marker);
 
 // A message box owned by `owner` (may be null), with the plug-in's own themed controls; returns the
-// button's id. Its language follows the language marker.
-int ShowMessage(HWND owner, const std::wstring& text, const std::wstring& caption, UINT type = MB_OK);
+// button's id, 0 when the box could not be shown. Its language follows the language marker.
+int ShowMessage(HWND owner, const std::wstring& text, const std::wstring& caption,
+                UINT type = MB_OK);
 
 // The same with both texts by number.
 int ShowMessage(HWND owner, unsigned textId, unsigned captionId, UINT type = MB_OK);
+
+// The same for a caller that looked the language marker's text up earlier, as the workers do.
+int ShowMessage(HWND owner, const std::wstring& text, const std::wstring& caption, UINT type,
+                const std::wstring& languageMarker);
 
 } // namespace orv

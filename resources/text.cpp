@@ -1,1 +1,27 @@
+#include "resources/text.h"
 
+HINSTANCE hInstance = nullptr;
+
+namespace {
+
+// One text of a language resource at most, its closing zero included.
+constexpr int kTextSize = 256;
+
+wchar_t resourceText1[kTextSize];
+wchar_t resourceText2[kTextSize];
+
+const wchar_t* LoadInto(wchar_t* buffer, unsigned id) {
+    if (hInstance == nullptr)
+        return nullptr;
+    return ::LoadStringW(hInstance, id, buffer, kTextSize) != 0 ? buffer : nullptr;
+}
+
+} // namespace
+
+const wchar_t* loadResourceString(unsigned id) {
+    return LoadInto(resourceText1, id);
+}
+
+const wchar_t* loadResourceString2(unsigned id) {
+    return LoadInto(resourceText2, id);
+}

@@ -1,5 +1,5 @@
-// Texts of the language resources, looked up by number. This side is plain C, so that the code compiled
-// for the host's object layout can use it too.
+// Texts of the language resources, looked up by number. This side is plain C, so that the code
+// compiled for the host's object layout can use it too.
 #pragma once
 
 #include "base/windows.h"
@@ -10,7 +10,8 @@ extern "C" {
 extern HINSTANCE hInstance;
 
 // The text of number `id` in a buffer of 256 characters that the next call of the same function
-// overwrites; null when no module is stored yet or the number has no text. For the host's thread only.
+// overwrites; null when no module is stored yet or the number has no text. For the host's thread
+// only.
 const wchar_t* loadResourceString(unsigned id);
 const wchar_t* loadResourceString2(unsigned id);
 }

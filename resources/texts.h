@@ -1,5 +1,5 @@
-// The number of every text that people see. The wording is in texts_en.rc and texts_zh.rc; the resource
-// compiler reads this header too, so it holds nothing but macros.
+// The number of every text that people see. The wording is in texts_en.rc and texts_zh.rc; the
+// resource compiler reads this header too, so it holds nothing but macros.
 #pragma once
 
 // The library and its menu in the host.
@@ -102,13 +102,13 @@
 #define IDS_REPLY_UNREADABLE 53
 
 // The farm's client: its reply codes.
-#define IDS_REPLY_ACCEPTED 98          // 10001
-#define IDS_REPLY_NOT_A_MAX_PROJECT 54 // 10002
-#define IDS_REPLY_RENDER_VERSION 46    // 10003
+#define IDS_REPLY_ACCEPTED 98            // 10001
+#define IDS_REPLY_NOT_A_MAX_PROJECT 54   // 10002
+#define IDS_REPLY_RENDER_VERSION 46      // 10003
 #define IDS_REPLY_NOT_A_STILL_PROJECT 47 // 10004
-#define IDS_REPLY_SCENE_MISSING 48     // 10005
-#define IDS_REPLY_JOB_FILE_MISSING 55  // 10006
+#define IDS_REPLY_SCENE_MISSING 48       // 10005
+#define IDS_REPLY_JOB_FILE_MISSING 55    // 10006
 #define IDS_REPLY_JOB_FILE_UNREADABLE 56 // 10007
-#define IDS_REPLY_SCENE_SUFFIX 50      // 10008
-#define IDS_REPLY_SUBMITTED_BEFORE 51  // 10009
-#define IDS_REPLY_INTERNAL_ERROR 52    // 11000
+#define IDS_REPLY_SCENE_SUFFIX 50        // 10008
+#define IDS_REPLY_SUBMITTED_BEFORE 51    // 10009
+#define IDS_REPLY_INTERNAL_ERROR 52      // 11000
