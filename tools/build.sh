@@ -3,20 +3,33 @@
 
 dev_build() {
   local preset=${1:-mingw}
-  case "$preset" in
-    mingw | mingw-debug) ;;
-    *) fail "there is no preset '$preset'" "use mingw or mingw-debug" ;;
-  esac
-  [ -e "$build_dir/$preset/build.ninja" ] || step "configure $preset" cmake --preset "$preset"
+  configure "$preset"
   say "building $preset"
-  cmake --build --preset "$preset" --parallel "$jobs" ||
+  cmake --build --preset "$preset" --parallel "$(nproc)" ||
     fail "the build failed" "mend the first error above and run ./dev build again"
+}
+
+# configure PRESET: makes its build tree, anew when the project's folder was moved since.
+configure() {
+  local tree=$build_dir/$1
+  case "$1" in
+    mingw | mingw-debug) ;;
+    *) fail "there is no preset '$1'" "use mingw or mingw-debug" ;;
+  esac
+  if [ -e "$tree/CMakeCache.txt" ] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$tree/CMakeCache.txt"; then
+    say "the project was moved: its build tree is made anew"
+    rm -rf "$tree"
+  fi
+  [ -e "$tree/build.ninja" ] || step "configure $1" cmake --preset "$1"
 }
 
 dev_clean() {
   case "${1:-}" in
-    '') rm -rf "$build_dir/mingw" "$build_dir/mingw-debug" "$build_dir/demo" ;;
-    all) rm -rf "$build_dir" ;;
+    '') rm -rf "$build_dir/mingw" "$build_dir/mingw-debug" "$build_dir/lint" "$build_dir/demo" ;;
+    all)
+      end_wine
+      rm -rf "$build_dir"
+      ;;
     *) fail "clean knows no '$1'" "use ./dev clean or ./dev clean all" ;;
   esac
 }

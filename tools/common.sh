@@ -1,12 +1,12 @@
 # shellcheck shell=bash
-# What every verb uses: where things are, and how a step is announced and fails.
+# What every verb uses: where things are, how a step is announced and fails, and how what was started
+# is ended again.
 
 build_dir=$root/build
-deps_dir=$build_dir/deps
 work_dir=$build_dir/work
-jobs=$(nproc)
+export PYTHONDONTWRITEBYTECODE=1
 
-say() { printf '%s\n' "-- $*"; }
+say() { printf -- '-- %s\n' "$*"; }
 
 # fail WHAT ADVICE: one line on what went wrong and what to do about it.
 fail() {
@@ -14,41 +14,110 @@ fail() {
   exit 1
 }
 
-# step NAME COMMAND...: runs a long command with its output in a log, which is shown only when it fails.
+# Commands that undo what this run started. They run last to first, however the run ends.
+end_commands=()
+at_end() { end_commands+=("$*"); }
+run_end_commands() {
+  local i
+  trap '' INT TERM HUP
+  for ((i = ${#end_commands[@]} - 1; i >= 0; i--)); do
+    ${end_commands[i]} || true
+  done
+}
+set_end_traps() {
+  trap run_end_commands EXIT
+  trap 'exit 130' INT
+  trap 'exit 143' TERM
+  trap 'exit 129' HUP
+}
+set_end_traps
+# end_last: runs the command that was given to at_end last, now.
+end_last() {
+  local command=${end_commands[-1]}
+  unset 'end_commands[-1]'
+  $command
+}
+
+# step NAME COMMAND...: runs a long command with its output in a log, which is shown only when it
+# fails. On a terminal the seconds count up meanwhile.
 step() {
-  local name=$1 log started=$SECONDS
+  local name=$1 log started=$SECONDS ticker='' result=0
   shift
   mkdir -p "$work_dir/log"
   log=$work_dir/log/${name// /-}.log
   printf -- '-- %s ... ' "$name"
-  if "$@" >"$log" 2>&1 </dev/null; then
-    printf 'done in %d s\n' $((SECONDS - started))
-  else
+  if [ -t 1 ]; then
+    tick "$name" "$started" &
+    ticker=$!
+  fi
+  # A process group of its own: it can be ended whole, and an error within ends the command at once.
+  set -m
+  (
+    close_locks
+    end_commands=()
+    set_end_traps
+    set -e
+    "$@"
+  ) >"$log" 2>&1 </dev/null &
+  set +m
+  wait_for $! || result=$?
+  if [ -n "$ticker" ]; then
+    kill "$ticker" 2>/dev/null || true
+    wait "$ticker" 2>/dev/null || true
+    printf '\r-- %s ... ' "$name"
+  fi
+  if [ "$result" -ne 0 ]; then
     printf 'failed\n'
     tail -n 40 "$log" >&2
     fail "'$name' failed" "see ${log#"$root"/}, mend the cause and run ./dev again"
   fi
+  printf 'done in %d s\n' $((SECONDS - started))
 }
 
-# as_root COMMAND...: directly where we are root, through sudo elsewhere.
+# wait_for GROUP: the exit code of a background process group, which is ended when this run is.
+wait_for() {
+  local result=0
+  at_end "end_group $1"
+  wait "$1" || result=$?
+  unset 'end_commands[-1]'
+  return "$result"
+}
+
+end_group() {
+  kill -- "-$1" 2>/dev/null
+  wait "$1" 2>/dev/null
+}
+
+tick() {
+  while kill -0 $$ 2>/dev/null; do
+    printf '\r-- %s ... %d s ' "$1" $((SECONDS - $2))
+    sleep 1
+  done
+}
+
+# locked NAME WHAT: takes the lock NAME of the build folder, waiting while another run holds it, until
+# end_last or the end of this run.
+lock_files=()
+locked() {
+  local name=$1 what=$2 file
+  mkdir -p "$build_dir"
+  exec {file}>"$build_dir/$name.lock"
+  if ! flock -n "$file"; then
+    say "another ./dev $what; waiting for it"
+    flock "$file"
+  fi
+  lock_files+=("$file")
+  at_end "flock -u $file"
+}
+
+# close_locks: for a process that may outlive this run: it must not keep the locks.
+close_locks() {
+  local file
+  for file in "${lock_files[@]}"; do exec {file}>&-; done
+}
+
+# as_root COMMAND...: directly where we are root, through sudo elsewhere. Where sudo may ask for a
+# password, ask before a step: a step has no terminal.
 as_root() {
   if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
 }
-
-# fetch_source PACKAGE: downloads the source package of that name into the current folder. The
-# machine's own package sources are asked, through lists of our own, so that its lists stay as they are.
-fetch_source() {
-  local apt=$work_dir/apt
-  mkdir -p "$apt/sources" "$apt/lists/partial" "$apt/cache/archives/partial"
-  if [ ! -e "$apt/ready" ]; then
-    cat /etc/apt/sources.list.d/*.sources 2>/dev/null | sed 's/^Types: *deb$/Types: deb-src/' >"$apt/sources/all.sources"
-    cat /etc/apt/sources.list /etc/apt/sources.list.d/*.list 2>/dev/null | sed -n 's/^deb /deb-src /p' >"$apt/sources/all.list" || true
-    apt-get "${apt_private[@]}" update
-    touch "$apt/ready"
-  fi
-  apt-get "${apt_private[@]}" source --download-only "$1"
-}
-apt_private=(
-  -o "Dir::Etc::sourcelist=/dev/null" -o "Dir::Etc::sourceparts=$work_dir/apt/sources"
-  -o "Dir::State::Lists=$work_dir/apt/lists" -o "Dir::Cache=$work_dir/apt/cache"
-)

@@ -1,9 +1,17 @@
 # shellcheck shell=bash
-# `./dev test`: the test programs run under Wine on a display of their own.
+# `./dev test` and `./dev demo`: what was built, run under Wine on a display of its own.
 
 dev_test() {
   local filter=()
   [ $# -gt 0 ] && filter=(-R "$1")
-  wineserver -k 2>/dev/null || true
-  xvfb-run -a -s '-screen 0 1600x1200x24' "$root/tools/ctest-under-wine" "${filter[@]}"
+  start_wine
+  start_display 1600x1200
+  # Not through a step: the tests' own lines are the result, and CTest's summary comes last.
+  ctest --test-dir "$build_dir/mingw" --output-on-failure --no-tests=error "${filter[@]}"
+}
+
+dev_demo() {
+  start_wine
+  start_display 1280x800
+  python3 "$root/demo/run.py" "$@"
 }

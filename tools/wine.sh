@@ -7,32 +7,76 @@ export WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe='
 
 setup_wine_prefix() {
-  [ -e "$WINEPREFIX/orv-ready" ] && return
-  rm -rf "$WINEPREFIX"
-  mkdir -p "$build_dir"
-  step "create the Wine prefix" create_wine_prefix
+  local recipe
+  recipe="wine $(dpkg-query -W -f='${Version}' wine)"
+  if [ "$(cat "$WINEPREFIX/orv-created" 2>/dev/null)" != "$recipe" ]; then
+    end_wine
+    rm -rf "$WINEPREFIX"
+    step "create the Wine prefix" create_wine_prefix
+    printf '%s\n' "$recipe" >"$WINEPREFIX/orv-created"
+  fi
+  if ! cmp -s "$root/tools/wine-fonts.reg" "$WINEPREFIX/orv-fonts.reg"; then
+    step "set the fonts of the Wine prefix" set_wine_fonts
+    cp "$root/tools/wine-fonts.reg" "$WINEPREFIX/orv-fonts.reg"
+  fi
 }
 
 create_wine_prefix() {
-  xvfb-run -a wineboot -i &&
-    write_font_settings >"$WINEPREFIX/fonts.reg" &&
-    xvfb-run -a wine regedit /S "$(winepath_of "$WINEPREFIX/fonts.reg")" &&
-    wineserver -w &&
-    touch "$WINEPREFIX/orv-ready"
+  start_display 800x600
+  at_end end_wine
+  wineboot -i
+  wineserver -w
 }
 
-# Windows' fonts under the names that the dialogs ask for. Without them Chinese shows as boxes.
-write_font_settings() {
-  local name
-  printf 'REGEDIT4\n\n[HKEY_CURRENT_USER\\Software\\Wine\\Fonts\\Replacements]\n'
-  for name in 'Microsoft YaHei UI' 'Microsoft YaHei' 'SimSun' 'NSimSun' 'SimHei' 'MS Shell Dlg' 'MS Shell Dlg 2' \
-    'Segoe UI' 'Tahoma'; do
-    printf '"%s"="WenQuanYi Micro Hei"\n' "$name"
-  done
+# Debian's Wine does not look where Debian keeps Wine's own fonts: without them a window's caption
+# buttons show as digits.
+set_wine_fonts() {
+  ln -sf /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
+  start_display 800x600
+  at_end end_wine
+  wine regedit /S "$(windows_path "$root/tools/wine-fonts.reg")"
+  wineserver -w
 }
 
-# winepath_of FILE: the Windows path of a file of this machine.
-winepath_of() { printf 'Z:%s' "${1//\//\\}"; }
+# start_display WIDTHxHEIGHT: an X server of our own for what this run starts, ended with the run.
+start_display() {
+  local number_file
+  mkdir -p "$work_dir"
+  number_file=$work_dir/display
+  rm -f "$number_file" && mkfifo "$number_file"
+  (
+    close_locks
+    exec Xvfb -displayfd 3 -screen 0 "${1}x24" -nolisten tcp 3>"$number_file"
+  ) >/dev/null 2>&1 &
+  at_end "end_process $!"
+  read -r -t 20 DISPLAY <"$number_file" || fail "Xvfb does not start" "run 'Xvfb :99' to see why"
+  rm -f "$number_file"
+  export DISPLAY=:$DISPLAY
+}
 
-# The all-users application data folder of the prefix, which holds the product folder.
-common_app_data() { printf '%s' "$WINEPREFIX/drive_c/ProgramData"; }
+# start_wine: one Wine server for the whole run, so that no program waits for one to start. The prefix
+# is this run's alone meanwhile.
+start_wine() {
+  locked wine "runs programs under Wine here"
+  end_wine
+  at_end end_wine
+  (
+    close_locks
+    exec wineserver -p
+  )
+}
+
+# end_wine: ends every program that runs in the prefix.
+end_wine() {
+  [ -d "$WINEPREFIX" ] && command -v wineserver >/dev/null || return 0
+  wineserver -k || true
+  wineserver -w
+}
+
+end_process() {
+  kill "$1" 2>/dev/null || true
+  wait "$1" 2>/dev/null || true
+}
+
+# windows_path FILE: the Windows path of a file of this machine.
+windows_path() { printf 'Z:%s' "${1//\//\\}"; }
