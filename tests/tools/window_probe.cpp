@@ -1,8 +1,10 @@
 // window_probe: prints what is on the desktop as JSON, so that a script outside of Windows can tell
 // where to point and what a window says. Output: an array of visible top-level windows,
-//   {"class", "caption", "process", "rect": [left, top, right, bottom], "enabled", "controls": [...]}
+//   {"class", "caption", "process", "rect": [left, top, right, bottom], "enabled", "controls"}
 // with visible child windows as {"class", "text", "id", "rect", "enabled"}; a button that can be
 // checked has "checked", and a list view has "rows" of {"text", "rect", "checked"}.
+#include "base/handles.h"
+#include "base/noncopyable.h"
 #include "base/windows.h"
 
 #include <commctrl.h>
@@ -67,39 +69,34 @@ Json::Value WindowRectangle(HWND window) {
 }
 
 // Memory in another process, which list-view messages take their structures from.
-class ForeignMemory {
+class ForeignMemory : private orv::rud_Noncopyable {
 public:
     ForeignMemory(HWND window, std::size_t size) {
         DWORD processId = 0;
         GetWindowThreadProcessId(window, &processId);
-        process_ = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE,
-                               processId);
-        if (process_ != nullptr) {
-            address_ = VirtualAllocEx(process_, nullptr, size, MEM_COMMIT, PAGE_READWRITE);
+        process_.reset(OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE,
+                                   processId));
+        if (process_) {
+            address_ = VirtualAllocEx(process_.get(), nullptr, size, MEM_COMMIT, PAGE_READWRITE);
         }
     }
-    ForeignMemory(const ForeignMemory&) = delete;
-    ForeignMemory& operator=(const ForeignMemory&) = delete;
     ~ForeignMemory() {
         if (address_ != nullptr) {
-            VirtualFreeEx(process_, address_, 0, MEM_RELEASE);
-        }
-        if (process_ != nullptr) {
-            CloseHandle(process_);
+            VirtualFreeEx(process_.get(), address_, 0, MEM_RELEASE);
         }
     }
 
     bool valid() const { return address_ != nullptr; }
     char* address() const { return static_cast<char*>(address_); }
     bool write(std::size_t offset, const void* data, std::size_t size) const {
-        return WriteProcessMemory(process_, address() + offset, data, size, nullptr) != 0;
+        return WriteProcessMemory(process_.get(), address() + offset, data, size, nullptr) != 0;
     }
     bool read(std::size_t offset, void* data, std::size_t size) const {
-        return ReadProcessMemory(process_, address() + offset, data, size, nullptr) != 0;
+        return ReadProcessMemory(process_.get(), address() + offset, data, size, nullptr) != 0;
     }
 
 private:
-    HANDLE process_ = nullptr;
+    orv::ProcessHandle process_;
     void* address_ = nullptr;
 };
 
