@@ -6,21 +6,21 @@
 
 namespace orv {
 
-// Paths and connection settings. The submission fills one anew for each job and then overwrites what
-// belongs to the job (see JobPaths).
+// Paths and connection settings. The submission fills one anew for each job and then overwrites
+// what belongs to the job (see JobPaths).
 struct ClientInfo {
-    std::wstring ip;             // address of the client; a submission always uses 127.0.0.1
-    std::int32_t port = 0;       // TCP port of the client, 0 when not configured
-    std::wstring jsonDir;        // folder of analysis reports, later of the job file
-    std::wstring sevenZipPath;   // the archiver program
-    std::wstring compressDir;    // folder of archives
-    std::wstring lowerVersion;   // lowest plug-in version that the client accepts
-    std::string scenePath;       // UTF-8, the saved scene that is submitted
+    std::wstring ip;               // address of the client; a submission always uses 127.0.0.1
+    std::int32_t port = 0;         // TCP port of the client, 0 when not configured
+    std::wstring jsonDir;          // folder of analysis reports, later of the job file
+    std::wstring sevenZipPath;     // the archiver program
+    std::wstring compressDir;      // folder of archives
+    std::wstring lowerVersion;     // lowest plug-in version that the client accepts
+    std::string scenePath;         // UTF-8, the saved scene that is submitted
     std::int32_t giScaleIndex = 0; // selection index of the GI scale list, -1 when none is selected
-    std::string giScaleText;     // UTF-8, "100%", "50%", "33%" or "25%"
-    std::string archivePath;     // UTF-8, the packed scene
-    std::wstring parserScript;   // the scene parser
-    std::wstring virusCheckAdsl; // cleaning scripts, in the order they are run
+    std::string giScaleText;       // UTF-8, "100%", "50%", "33%" or "25%"
+    std::string archivePath;       // UTF-8, the packed scene
+    std::wstring parserScript;     // the scene parser
+    std::wstring virusCheckAdsl;   // cleaning scripts, in the order they are run
     std::wstring virusCheckAlc;
     std::wstring virusCheckCrp;
     std::string archiverArguments; // UTF-8, what follows the archiver's path on its command line

@@ -1,1 +1,92 @@
+#include "config/plugin_data.h"
 
+#include "analysis/text/text_convert.h"
+#include "base/folders.h"
+#include "base/handles.h"
+#include "config/custom_address.h"
+
+#include <cstdlib>
+
+namespace orv {
+namespace {
+
+constexpr char kLogName[] = "rud_data";
+constexpr std::int32_t kLogMaxSizeMB = 5;
+constexpr std::int32_t kLogFileCount = 2;
+
+// Suffixes of the product folder. The forward slashes stay as they are behind the shell's
+// backslashes.
+constexpr wchar_t kCustomAddressSuffix[] = L"/script/custom.bin";
+
+struct PathMember {
+    std::wstring ClientInfo::*member;
+    const wchar_t* suffix;
+};
+
+const PathMember kPathMembers[] = {
+    {&ClientInfo::jsonDir, L"/json"},
+    {&ClientInfo::sevenZipPath, L"/7-Zip/7z.exe"},
+    {&ClientInfo::compressDir, L"/compress"},
+    {&ClientInfo::parserScript, L"/script/MaxRenderGlobalsParser.mse"},
+    {&ClientInfo::virusCheckAdsl, L"/script/OrvAntivirusAdsl_UTF8.ms"},
+    {&ClientInfo::virusCheckAlc, L"/script/OrvAntivirusAlc_UTF8.ms"},
+    {&ClientInfo::virusCheckCrp, L"/script/OrvAntivirusCrp_UTF8.ms"},
+};
+
+// The number that the text begins with, 0 when it begins with none. strtol, because a number that
+// does not fit is its largest or smallest value there and undefined with atoi.
+std::int32_t NumberAtStart(const std::wstring& text) {
+    return static_cast<std::int32_t>(std::strtol(WideToAnsi(text).c_str(), nullptr, 10));
+}
+
+} // namespace
+
+PluginData& PluginData::instance() {
+    static PluginData data;
+    return data;
+}
+
+PluginData::PluginData() : rememberedControls(MakeRememberedControlLists()) {
+    log_.open(kLogName);
+    log_.setMaxSizeMB(kLogMaxSizeMB);
+    log_.setFileCount(kLogFileCount);
+}
+
+bool PluginData::loadClientInfo(ClientInfo& info) {
+    const std::wstring productFolder = ProductFolder();
+    for (const PathMember& path : kPathMembers)
+        info.*path.member = productFolder + path.suffix;
+
+    info.ip = ReadGeneralSetting(L"ip");
+    info.port = NumberAtStart(ReadGeneralSetting(L"port"));
+    info.lowerVersion = ReadGeneralSetting(L"lowerversion");
+    readCustomAddress(info);
+    writeLog(kInfo, "Get client infomation successfully.");
+    return true;
+}
+
+void PluginData::writeLog(const std::string& level, const std::string& message) {
+    const std::lock_guard<std::mutex> lock(logMutex_);
+    log_.write(message, level);
+}
+
+int PluginData::readCustomAddress(ClientInfo& info) {
+    const std::wstring path = ProductFolder() + kCustomAddressSuffix;
+    FileHandle file(::CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) {
+        // No file is the usual case, so this is no error.
+        writeLog(kInfo, "CreateFile error no:" + std::to_string(::GetLastError()));
+        return 0;
+    }
+    std::wstring text;
+    DWORD error = ERROR_SUCCESS;
+    if (!ReadWideText(file.get(), text, error)) {
+        writeLog(kInfo, "ReadFile error no:" + std::to_string(error));
+        return 0;
+    }
+    file.reset();
+    return TakeCustomAddress(text, info.ip) ? 1 : 0;
+}
+
+} // namespace orv

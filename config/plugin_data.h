@@ -3,11 +3,14 @@
 
 #include "base/noncopyable.h"
 #include "config/client_info.h"
+#include "config/remembered_controls.h"
 #include "config/scene_analysis.h"
 #include "log/module_log.h"
 
 #include <atomic>
 #include <cstdint>
+#include <mutex>
+#include <string>
 
 namespace orv {
 
@@ -21,13 +24,19 @@ public:
     // The instance, built on first use by whichever thread asks first. Opens the "rud_data" log.
     static PluginData& instance();
 
-    // Fills `info` from the product folder's layout, the settings file and custom.bin, all read afresh.
-    // Always true: whether the files exist is not checked, missing values are empty and 0.
+    // Fills `info` from the product folder's layout, the settings file and custom.bin, all read
+    // afresh (docs/folders-and-settings.md). The members that belong to one submission stay as they
+    // are. Always true: whether the files exist is not checked, missing values are empty and 0.
     bool loadClientInfo(ClientInfo& info);
 
-    ModuleLog& log() { return log_; }
+    // Writes a line to the "rud_data" log. `level` is kInfo, kWarn or kError. Safe from any thread:
+    // the dialog and the workers all write this log, which has no lock of its own.
+    void writeLog(const std::string& level, const std::string& message);
 
     SceneAnalysis analysis;
+
+    // The dialog's remembered controls, by kind, in the order in which they are saved.
+    const RememberedControlLists rememberedControls;
 
     // Shared by the dialog and its workers without a lock.
     std::atomic<std::int32_t> submitState{kWorkerNone};
@@ -39,9 +48,11 @@ public:
 private:
     PluginData();
 
-    // Takes the text behind the first "=" of custom.bin as `info.ip`. 1 when a value was taken, else 0.
+    // Takes the text behind the first "=" of custom.bin as `info.ip`. 1 when a value was taken,
+    // else 0.
     int readCustomAddress(ClientInfo& info);
 
+    std::mutex logMutex_; // guards log_
     ModuleLog log_;
 };
 

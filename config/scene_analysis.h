@@ -1,5 +1,5 @@
-// What is known of the open scene after its analysis, and what the user chose for it: plain data that
-// depends on nothing, so that every folder can share it.
+// What is known of the open scene after its analysis, and what the user chose for it: plain data
+// that depends on nothing, so that every folder can share it.
 #pragma once
 
 #include <cstdint>
@@ -23,7 +23,7 @@ enum class CoronaLimitState : std::int32_t {
 };
 
 struct CameraInfo {
-    std::wstring name;           // output name: the camera's name without characters that may not stand in it
+    std::wstring name; // output name: the camera's name without characters that may not stand in it
     std::int32_t width = 0;      // pixels
     std::int32_t height = 0;     // pixels
     std::int32_t startFrame = 0; // the frame to render
@@ -56,8 +56,8 @@ struct SceneAnalysis {
     std::wstring duplicateCameraNames; // joined by ","
     bool hasIllegalReference = false;
 
-    std::string sceneFileName; // UTF-8, last part of the scene's path
-    std::string sceneFilePath; // UTF-8, the scene's full path
+    std::string sceneFileName;     // UTF-8, last part of the scene's path
+    std::string sceneFilePath;     // UTF-8, the scene's full path
     std::string recordedSceneName; // UTF-8, the name last typed for the scene
     std::int32_t saveCount = 0;    // scenes saved under a typed name so far
 
@@ -70,6 +70,7 @@ struct SceneAnalysis {
     double aoRadius = 1000.0;
     std::int32_t aoSubdivs = 16;
     float gamma = 2.2F;
+    double blockStep = 1.0; // what one click on the arrows beside the number of blocks adds
     bool materialChannel = false;
     bool giChannel = false;
     bool psdChannel = false;
