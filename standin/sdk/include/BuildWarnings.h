@@ -1,0 +1,3 @@
+#pragma once
+
+#define UNUSED_PARAM(x) (x)

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "strbasic.h"
+
+typedef DWORD ActionTableId;
+typedef DWORD ActionContextId;

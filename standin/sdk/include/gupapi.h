@@ -1,0 +1,7 @@
+#pragma once
+
+#ifdef GUP_EXPORTS
+#define GUPExport
+#else
+#define GUPExport __declspec(dllimport)
+#endif

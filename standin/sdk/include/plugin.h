@@ -1,0 +1,4 @@
+// What a plug-in library includes to export its entry points.
+#pragma once
+
+#include "plugapi.h"

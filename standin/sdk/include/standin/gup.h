@@ -1,0 +1,30 @@
+// Loading of global utility plug-ins the way the host does it. Part of gup.dll; link the CMake
+// target standin_gup. Main thread only.
+#pragma once
+
+#include "base/windows.h"
+
+extern "C" {
+
+typedef struct standin_plugin standin_plugin;
+
+// Loads the library and starts its utilities: the six exports must be there, LibVersion must be the
+// host's, the descriptors need run-time type information; then LibInitialize, LibClassDesc, Create
+// and Start, and DeleteThis for an object that does not want to be kept. Null on failure, with one
+// line about the reason in `reason` (may be null); the library is unloaded again.
+standin_plugin* standin_plugin_load(const wchar_t* path, wchar_t* reason, int capacity);
+
+// Stop and DeleteThis for each object, LibShutdown, FreeLibrary. Null does nothing. The action
+// table that the plug-in gave to the host holds code of the library: call standin_plugin_stop,
+// standin_core_reset and then this, if tables were registered.
+void standin_plugin_unload(standin_plugin* plugin);
+
+// The first half of unloading, for that order: Stop and DeleteThis, the library stays loaded. Twice
+// does nothing.
+void standin_plugin_stop(standin_plugin* plugin);
+
+HMODULE standin_plugin_module(const standin_plugin* plugin);
+int standin_plugin_object_count(const standin_plugin* plugin);
+// What the class descriptor says: "class", "category", "internal", "description". Null for others.
+const wchar_t* standin_plugin_text(const standin_plugin* plugin, const wchar_t* which);
+}

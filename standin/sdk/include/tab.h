@@ -1,0 +1,44 @@
+// The host's growing table: one pointer to a header that the elements follow.
+#pragma once
+
+#include "MaxHeap.h"
+#include "utilexp.h"
+
+struct TabHdr {
+    INT_PTR count;
+    INT_PTR capacity;
+};
+
+// Each returns nonzero on success. `size` is that of one element.
+UtilExport int TBMakeSize(TabHdr** tab, int count, int size);
+UtilExport void TBSetCount(TabHdr** tab, int count, int resize, int size);
+UtilExport int TBInsertAt(TabHdr** tab, int at, int count, const void* elements, int extra,
+                          int size);
+UtilExport int TBCopy(TabHdr** tab, int at, int count, const void* elements, int size);
+UtilExport int TBDelete(TabHdr** tab, int start, int count, int size);
+
+template<class T>
+class Tab : public MaxHeapOperators {
+public:
+    Tab() : header_(nullptr) {}
+    Tab(const Tab&) = delete;
+    Tab& operator=(const Tab&) = delete;
+    ~Tab() { TBMakeSize(&header_, 0, elementSize()); }
+
+    int Count() const { return header_ ? static_cast<int>(header_->count) : 0; }
+    T& operator[](int i) { return reinterpret_cast<T*>(header_ + 1)[i]; }
+    const T& operator[](int i) const { return reinterpret_cast<const T*>(header_ + 1)[i]; }
+    int Append(int count, const T* elements, int extra = 0) {
+        return TBInsertAt(&header_, Count(), count, elements, extra, elementSize());
+    }
+    int Insert(int at, int count, const T* elements) {
+        return TBInsertAt(&header_, at, count, elements, 0, elementSize());
+    }
+    int Delete(int start, int count) { return TBDelete(&header_, start, count, elementSize()); }
+    void ZeroCount() { TBSetCount(&header_, 0, 0, elementSize()); }
+
+private:
+    static int elementSize() { return static_cast<int>(sizeof(T)); }
+
+    TabHdr* header_;
+};
