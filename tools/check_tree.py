@@ -1,0 +1,104 @@
+#!/usr/bin/env python3
+"""Own checks of the source tree: words of unfinished work, the order of the folders, cycles.
+
+Prints one line for each fault and ends with 1 when there was any."""
+
+import re
+import sys
+
+from source_tree import Includes, text_of, tracked_files
+
+# Upper folders may use the folders below them, never the other way round. `resources` and `host` stand
+# beside: whoever needs a text or the host may use them, and they use `base` alone.
+ORDER = ["plugin", "ui", "submit", "analysis", "client", "config", "log", "analysis/text", "base"]
+BESIDE = ["resources", "host"]
+PRODUCT = ORDER + BESIDE
+
+# Only these may include the headers of the host's SDK.
+SDK_USERS = ("plugin/", "host/", "standin/", "tests/")
+
+# One regular expression a line; what it stands for is in the file itself.
+FORBIDDEN = "tools/forbidden-words.txt"
+
+
+def folder_of(name):
+    """The product folder that a file belongs to, or its first folder."""
+    if name.startswith("analysis/text/"):
+        return "analysis/text"
+    return name.split("/", 1)[0]
+
+
+def may_use(user, used):
+    if user == used or used == "base":
+        return True
+    if user in BESIDE:
+        return False
+    if used in BESIDE:
+        return user != "base"
+    return ORDER.index(user) < ORDER.index(used)
+
+
+def forbidden_words(names):
+    patterns = [line for line in text_of(FORBIDDEN).splitlines() if line and not line.startswith("#")]
+    expression = re.compile("|".join(f"(?:{p})" for p in patterns))
+    for name in names:
+        if name == FORBIDDEN:
+            continue
+        for number, line in enumerate((text_of(name) or "").splitlines(), 1):
+            found = expression.search(line)
+            if found:
+                yield f"{name}:{number}: '{found.group(0)}' is a word of unfinished work"
+
+
+def folder_order(includes):
+    for name, others in includes.own.items():
+        user = folder_of(name)
+        for other in sorted(others):
+            used = folder_of(other)
+            if user in PRODUCT and used not in PRODUCT:
+                if not (used == "standin" and name.startswith(SDK_USERS)):
+                    yield f"{name}: includes {other}, which is no part of the product"
+            elif user in PRODUCT and not may_use(user, used):
+                yield f"{name}: includes {other}, but {user}/ may not use {used}/"
+
+
+def sdk_fence(includes):
+    for name, lines in includes.lines.items():
+        if name.startswith(SDK_USERS):
+            continue
+        for _, path in lines:
+            if path.lower() in includes.sdk_headers:
+                yield f"{name}: includes the SDK header {path}; only plugin/ and host/ may"
+
+
+def cycles(includes):
+    """Each include cycle once, as the path that closes it."""
+    finished = set()
+
+    def walk(name, path):
+        if name in path:
+            yield " -> ".join(path[path.index(name):] + [name])
+            return
+        if name in finished:
+            return
+        for other in sorted(includes.own.get(name, ())):
+            yield from walk(other, path + [name])
+        finished.add(name)
+
+    for name in includes.sources:
+        for cycle in walk(name, []):
+            yield f"include cycle: {cycle}"
+
+
+def main():
+    names = tracked_files()
+    includes = Includes(names)
+    faults = [*forbidden_words(names), *folder_order(includes), *sdk_fence(includes), *cycles(includes)]
+    for fault in faults:
+        print(fault)
+    print(f"{len(names)} files, {len(includes.sources)} sources, {len(faults)} faults")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
