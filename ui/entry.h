@@ -5,7 +5,8 @@
 
 extern "C" {
 
-// Runs the submission dialog modally over `owner`; returns when it is closed. Lets no exception out.
+// Runs the submission dialog modally over `owner`; returns when it is closed. Lets no exception
+// out.
 void orv_open_main_dialog(HWND owner);
 
 // Shows the box with the product's name and version, without an owner.

@@ -1,0 +1,186 @@
+#include "ui/camera_table/camera_table.h"
+
+#include "resources/message_box.h"
+#include "resources/texts.h"
+
+#include <commctrl.h>
+
+#include <vector>
+
+namespace orv {
+namespace {
+
+constexpr DWORD kTableStyle = LVS_EX_GRIDLINES | LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT;
+
+constexpr UINT kUnticked = 1; // state images of a row
+constexpr UINT kTicked = 2;
+
+struct Column {
+    unsigned heading; // text number
+    int width;        // pixels at 96 dots per inch
+};
+
+const Column kColumns[] = {
+    {IDS_COLUMN_CAMERA, 200},      {IDS_COLUMN_WIDTH, 70}, {IDS_COLUMN_HEIGHT, 70},
+    {IDS_COLUMN_FRAME, 60},        {IDS_COLUMN_TYPE, 60},  {IDS_COLUMN_FORMAT, 60},
+    {IDS_COLUMN_OUTPUT_NAME, 200},
+};
+
+int DotsPerInch(HWND window) {
+    const HDC dc = ::GetDC(window);
+    if (dc == nullptr)
+        return USER_DEFAULT_SCREEN_DPI;
+    const int dots = ::GetDeviceCaps(dc, LOGPIXELSX);
+    ::ReleaseDC(window, dc);
+    return dots;
+}
+
+// While it lives, the window does not draw itself: filling thousands of rows draws once.
+class RedrawPause : private rud_Noncopyable {
+public:
+    explicit RedrawPause(HWND window) : window_(window) {
+        ::SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+    }
+    ~RedrawPause() {
+        ::SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
+        ::InvalidateRect(window_, nullptr, TRUE);
+    }
+
+private:
+    HWND window_;
+};
+
+void SetItemState(HWND list, int row, UINT state, UINT mask) {
+    LVITEMW item = {};
+    item.state = state;
+    item.stateMask = mask;
+    ::SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
+                   reinterpret_cast<LPARAM>(&item));
+}
+
+} // namespace
+
+void CameraTable::attach(HWND list) {
+    list_ = list;
+    ::SendMessageW(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, kTableStyle, kTableStyle);
+    spherical_ = ResourceText(IDS_CAMERA_SPHERICAL);
+    normal_ = ResourceText(IDS_CAMERA_NORMAL);
+}
+
+bool CameraTable::createHead() {
+    if (list_ == nullptr) {
+        log_.write("No handle result in creating camera table head failed.", kError);
+        return false;
+    }
+    const int dotsPerInch = DotsPerInch(list_);
+    int index = 0;
+    for (const Column& column : kColumns) {
+        std::wstring heading = ResourceText(column.heading);
+        LVCOLUMNW head = {};
+        head.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+        head.cx = ::MulDiv(column.width, dotsPerInch, USER_DEFAULT_SCREEN_DPI);
+        head.pszText = &heading[0];
+        head.iSubItem = index;
+        ::SendMessageW(list_, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index),
+                       reinterpret_cast<LPARAM>(&head));
+        ++index;
+    }
+    return true;
+}
+
+void CameraTable::create(const CameraMap& cameras) {
+    if (fill(cameras) > 0)
+        log_.write("Create camera table successfully.", kInfo);
+    else
+        log_.write("No cameras or Create camera table failed!", kWarn);
+}
+
+void CameraTable::update(const CameraMap& cameras) {
+    if (fill(cameras) > 0)
+        log_.write("Update camera table successfully.", kInfo);
+    else
+        log_.write("No cameras or Create camera table failed!", kWarn);
+}
+
+void CameraTable::readTicks(CameraMap& cameras) const {
+    const int rows = static_cast<int>(::SendMessageW(list_, LVM_GETITEMCOUNT, 0, 0));
+    for (int row = 0; row < rows; ++row) {
+        const auto camera = cameras.find(keyOf(row));
+        if (camera != cameras.end())
+            camera->second.selected = isTicked(row);
+    }
+}
+
+void CameraTable::invertSelection(CameraMap& cameras) {
+    readTicks(cameras);
+    for (auto& camera : cameras)
+        camera.second.selected = !camera.second.selected;
+    update(cameras);
+}
+
+void CameraTable::selectAll(CameraMap& cameras) {
+    for (auto& camera : cameras)
+        camera.second.selected = true;
+    update(cameras);
+}
+
+int CameraTable::fill(const CameraMap& cameras) {
+    if (list_ == nullptr)
+        return 0;
+    const RedrawPause pause(list_);
+    ::SendMessageW(list_, LVM_DELETEALLITEMS, 0, 0);
+    ::SendMessageW(list_, LVM_SETITEMCOUNT, cameras.size(), 0);
+    int row = 0;
+    for (const auto& camera : cameras)
+        insertRow(row++, camera.first, camera.second);
+    // The keyboard starts at the first camera: the space bar ticks it.
+    SetItemState(list_, 0, LVIS_FOCUSED, LVIS_FOCUSED);
+    return static_cast<int>(::SendMessageW(list_, LVM_GETITEMCOUNT, 0, 0));
+}
+
+void CameraTable::insertRow(int row, const std::wstring& key, const CameraInfo& camera) {
+    LVITEMW item = {};
+    item.mask = LVIF_TEXT;
+    item.iItem = row;
+    item.pszText = const_cast<wchar_t*>(key.c_str()); // read only
+    ::SendMessageW(list_, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    setText(row, 1, std::to_wstring(camera.width));
+    setText(row, 2, std::to_wstring(camera.height));
+    setText(row, 3, std::to_wstring(camera.startFrame));
+    setText(row, 4, camera.isSpherical ? spherical_ : normal_);
+    setText(row, 5, camera.imageFormat);
+    setText(row, 6, camera.name);
+    SetItemState(list_, row, INDEXTOSTATEIMAGEMASK(camera.selected ? kTicked : kUnticked),
+                 LVIS_STATEIMAGEMASK);
+}
+
+void CameraTable::setText(int row, int column, const std::wstring& text) {
+    LVITEMW item = {};
+    item.iSubItem = column;
+    item.pszText = const_cast<wchar_t*>(text.c_str()); // read only
+    ::SendMessageW(list_, LVM_SETITEMTEXTW, static_cast<WPARAM>(row),
+                   reinterpret_cast<LPARAM>(&item));
+}
+
+std::wstring CameraTable::keyOf(int row) const {
+    // A list view does not tell how long a text is: one that fills the buffer may have been cut.
+    std::vector<wchar_t> buffer(260);
+    for (;;) {
+        LVITEMW item = {};
+        item.pszText = buffer.data();
+        item.cchTextMax = static_cast<int>(buffer.size());
+        const auto length = static_cast<std::size_t>(::SendMessageW(
+            list_, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)));
+        if (length + 1 < buffer.size())
+            return std::wstring(buffer.data(), length);
+        buffer.resize(buffer.size() * 2);
+    }
+}
+
+bool CameraTable::isTicked(int row) const {
+    const auto state = static_cast<UINT>(
+        ::SendMessageW(list_, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_STATEIMAGEMASK));
+    return state != INDEXTOSTATEIMAGEMASK(kUnticked);
+}
+
+} // namespace orv

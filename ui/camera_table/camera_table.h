@@ -1,0 +1,53 @@
+// The camera table of the main dialog: one row for each camera, with a check box.
+#pragma once
+
+#include "base/noncopyable.h"
+#include "base/windows.h"
+#include "config/scene_analysis.h"
+#include "log/module_log.h"
+
+namespace orv {
+
+// Fills the list view and carries its check boxes over to the camera records and back. The check
+// boxes hold the user's choice; a record's `selected` flag is brought up to date by the functions
+// below. Writes its lines to `log`, which has to outlive it. For the dialog's own thread.
+class CameraTable : private rud_Noncopyable {
+public:
+    explicit CameraTable(ModuleLog& log) : log_(log) {}
+
+    // Takes over the list view `list`, which may be null, and gives it grid lines, check boxes and
+    // whole-row selection.
+    void attach(HWND list);
+
+    // Inserts the seven columns. False, with a line in the log, when there is no list view.
+    bool createHead();
+
+    // Inserts a row for each camera, in their order, ticked where the record is selected.
+    void create(const CameraMap& cameras);
+
+    // Rebuilds the rows from the records.
+    void update(const CameraMap& cameras);
+
+    // Sets the records' flags by the check boxes.
+    void readTicks(CameraMap& cameras) const;
+
+    // Ticks what is not ticked and the other way round; ticks all. Both set the records' flags and
+    // rebuild the rows.
+    void invertSelection(CameraMap& cameras);
+    void selectAll(CameraMap& cameras);
+
+private:
+    // The number of rows that the list view holds afterwards.
+    int fill(const CameraMap& cameras);
+    void insertRow(int row, const std::wstring& key, const CameraInfo& camera);
+    void setText(int row, int column, const std::wstring& text);
+    std::wstring keyOf(int row) const;
+    bool isTicked(int row) const;
+
+    ModuleLog& log_;
+    HWND list_ = nullptr;
+    std::wstring spherical_; // what column 4 shows
+    std::wstring normal_;
+};
+
+} // namespace orv

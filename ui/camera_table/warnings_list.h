@@ -1,0 +1,21 @@
+// The list of what the analysis warns of.
+#pragma once
+
+#include "base/windows.h"
+#include "config/scene_analysis.h"
+#include "log/module_log.h"
+
+#include <string>
+#include <vector>
+
+namespace orv {
+
+// The lines for the user: the messages that are more than information, the advice, the problem
+// files, each in the order in which the analysis found them.
+std::vector<std::wstring> WarningLines(const SceneAnalysis& analysis);
+
+// Fills the list box `list` with `lines`, one line each, and lets it scroll to the end of the
+// widest.
+void FillWarnings(HWND list, const std::vector<std::wstring>& lines, ModuleLog& log);
+
+} // namespace orv

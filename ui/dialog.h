@@ -1,0 +1,58 @@
+// The base of the plug-in's modal dialogs: it cracks the messages once, and no exception leaves it.
+#pragma once
+
+#include "base/noncopyable.h"
+#include "base/windows.h"
+
+#include <string>
+
+namespace orv {
+
+class Dialog : private rud_Noncopyable {
+public:
+    // Runs the dialog of number `templateId` modally over `owner`, which may be null, and returns
+    // the code that it ended with; -1, with a line in the log, when it could not be shown.
+    // `parameter` reaches onInit. Runs on the calling thread; an object runs one dialog at a time.
+    INT_PTR run(int templateId, HWND owner, LPARAM parameter = 0);
+
+    // Writes `what`, UTF-8, as an error to the log. Never throws.
+    void reportError(const std::string& what) noexcept;
+
+protected:
+    Dialog() = default;
+    virtual ~Dialog() = default;
+
+    HWND window() const { return window_; }
+    // The control of number `id`, null when the dialog has none.
+    HWND control(int id) const { return ::GetDlgItem(window_, id); }
+    // Ends the dialog; it is gone once the current message has been handled.
+    void end(INT_PTR result) { ::EndDialog(window_, result); }
+
+    // What a dialog answers to. The controls exist from onInit to onDestroy. An exception ends the
+    // dialog with 0 and is logged.
+
+    // True to let the system set the focus to the first control.
+    virtual bool onInit(LPARAM) { return true; }
+    // `id` is the control, menu item or key (IDCANCEL for Escape), `code` its notification. These
+    // and the next return whether they dealt with it.
+    virtual bool onCommand(int /*id*/, int /*code*/) { return false; }
+    // `result` is what the control gets as its answer.
+    virtual bool onNotify(NMHDR& /*header*/, LRESULT& /*result*/) { return false; }
+    virtual bool onTimer(UINT_PTR /*id*/) { return false; }
+    virtual bool onClose() { return false; }
+    virtual void onDestroy() {}
+    // Every other message, the private ones (from WM_USER on) among them.
+    virtual bool onMessage(UINT /*message*/, WPARAM, LPARAM) { return false; }
+
+    // Where reportError writes to.
+    virtual void writeError(const std::string& line);
+
+private:
+    static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam,
+                                      LPARAM lParam) noexcept;
+    INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam);
+
+    HWND window_ = nullptr;
+};
+
+} // namespace orv
