@@ -2,25 +2,18 @@
 #pragma once
 
 #include "base/windows.h"
+#include "client/http_text.h"
+#include "client/reply_code.h"
 
-#include <cstdint>
 #include <string>
 
 namespace orv {
 
-// Reply code of a job that the client took.
-constexpr int kReplyAccepted = 10001;
-// Result of PostToClient when the exchange ended before a reply code was known.
-constexpr int kNoReply = -1;
-
-struct ClientLink {
-    std::wstring host; // dotted IPv4 address
-    std::int32_t port = 0;
-};
-
-// Sends `requestBody` (UTF-8 JSON) to the client, waits for one reply of at most 2048 bytes, shows its
-// message over `ownerWindow` and returns its code, or kNoReply. Winsock must be started. Blocks for as
-// long as the system's own time-outs: call it from a worker thread. Logs to "rud_http".
+// Sends `requestBody` (UTF-8 JSON) to the client, waits for one reply of at most 2048 bytes, shows
+// its message over `ownerWindow` (may be null) and returns its code, or kNoReply after a message
+// that says what went wrong. Winsock must be started (see WinsockSession). Blocks for as long as
+// the system's own time-outs and as its message is open: call it from a worker thread. Logs to
+// "rud_http". The connection is closed before any message is shown.
 int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ownerWindow);
 
 } // namespace orv
