@@ -1,0 +1,36 @@
+#include "analysis/corona_gate.h"
+
+#include "config/plugin_data.h"
+#include "resources/message_box.h"
+#include "resources/texts.h"
+
+#include <cmath>
+
+namespace orv {
+namespace {
+
+bool HasCheckedState(const SceneAnalysis& analysis) {
+    return analysis.coronaState == CoronaLimitState::NothingLimited ||
+           analysis.coronaState == CoronaLimitState::OnlyTimeLimited;
+}
+
+// The values count, not the state: the user may have typed a limit since the analysis.
+bool HasLimit(const SceneAnalysis& analysis) {
+    return std::fpclassify(analysis.coronaNoiseLimit) != FP_ZERO || analysis.coronaPassLimit != 0 ||
+           analysis.coronaTimeLimitSeconds != 0;
+}
+
+} // namespace
+
+int CheckCoronaLimits(HWND ownerWindow) {
+    PluginData& data = PluginData::instance();
+    if (!HasCheckedState(data.analysis) || HasLimit(data.analysis))
+        return kCoronaGoOn;
+    if (data.progressState == kWorkerRunning)
+        data.done = true; // takes the progress window away from over the message
+    data.writeLog(kError, "Corona has no limits, the submission is stopped.");
+    ShowMessage(ownerWindow, IDS_CORONA_WITHOUT_LIMITS, IDS_CAPTION_CHECK);
+    return kCoronaStop;
+}
+
+} // namespace orv

@@ -1,0 +1,63 @@
+#include "submit/dialog_input/camera_validation.h"
+
+#include "analysis/text/name_rules.h"
+#include "log/module_log.h"
+#include "submit/dialog_input/dialog_log.h"
+
+#include <algorithm>
+
+namespace orv {
+namespace {
+
+struct Outcome {
+    int code;
+    const char* level;
+    const char* logLine;
+};
+
+constexpr Outcome kOutcomes[] = {
+    {kCamerasValid, kInfo, "The information of cameras to be submit is valid."},
+    {kCameraFrameNegative, kError, "The parameter frame to render is less than 0!"},
+    {kCameraNamesBad, kError, "The camera names to render contain invalid characters or empty!"},
+    {kNoCameraChecked, kError, "No camera checked!"},
+};
+
+bool IsBlankOrStop(wchar_t character) {
+    return character == L' ' || character == L'.';
+}
+
+} // namespace
+
+bool IsUsableCameraName(const std::wstring& name) {
+    return !name.empty() && !IsBlankOrStop(name.front()) && !IsBlankOrStop(name.back()) &&
+           name.find(L'`') == std::wstring::npos && !HasIllegalNameChar(name);
+}
+
+int ValidateCameraRows(const std::vector<CameraRow>& rows, CameraMap& cameras,
+                       std::vector<std::wstring>& badNames) {
+    badNames.clear();
+    for (const CameraRow& row : rows) {
+        CameraInfo& camera = cameras[row.name];
+        camera.selected = row.isChecked;
+        if (camera.startFrame < 0)
+            return kCameraFrameNegative;
+        if (!IsUsableCameraName(row.name))
+            badNames.push_back(row.name);
+    }
+    if (!badNames.empty())
+        return kCameraNamesBad;
+    const bool anyChecked =
+        std::any_of(rows.begin(), rows.end(), [](const CameraRow& row) { return row.isChecked; });
+    return anyChecked ? kCamerasValid : kNoCameraChecked;
+}
+
+int ValidateCamerasForSubmit(HWND cameraTable, CameraMap& cameras, std::vector<std::wstring>& badNames) {
+    const int code = ValidateCameraRows(ReadCameraRows(cameraTable), cameras, badNames);
+    for (const Outcome& outcome : kOutcomes) {
+        if (outcome.code == code)
+            WriteDialogLog(outcome.level, outcome.logLine);
+    }
+    return code;
+}
+
+} // namespace orv

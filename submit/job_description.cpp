@@ -1,0 +1,181 @@
+#include "submit/job_description.h"
+
+#include "analysis/report_json.h"
+#include "analysis/text/text_convert.h"
+#include "analysis/work_folder.h"
+#include "config/plugin_data.h"
+#include "resources/controls.h"
+#include "resources/message_box.h"
+#include "resources/texts.h"
+#include "submit/dialog_input/dialog_controls.h"
+
+#include <cstdio>
+#include <json/value.h>
+#include <json/writer.h>
+#include <memory>
+#include <share.h>
+
+namespace orv {
+namespace {
+
+constexpr std::int32_t kNoBlocks = 1;
+constexpr std::int32_t kDistributedBlocks = 1010;
+
+Json::Value CameraJson(const std::wstring& name, const CameraInfo& camera) {
+    Json::Value json;
+    json["name"] = WideToUtf8(name);
+    json["camera_width"] = camera.width;
+    json["camera_height"] = camera.height;
+    json["frame_to_render"] = camera.startFrame;
+    json["img_output_format"] = WideToUtf8(camera.imageFormat);
+    json["img_output_name"] = WideToUtf8(camera.name);
+    json["renderable"] = "1";
+    json["is_spherical"] = camera.isSpherical;
+    return json;
+}
+
+// The cameras that are checked; the member is missing when none is.
+void SetCameras(const SceneAnalysis& analysis, Json::Value& job) {
+    job.removeMember("cameras");
+    for (const auto& entry : analysis.cameras) {
+        if (entry.second.selected)
+            job["cameras"].append(CameraJson(entry.first, entry.second));
+    }
+}
+
+// The referenced files except the scene itself; the member is missing when none is left.
+void SetReferences(const SceneAnalysis& analysis, Json::Value& job) {
+    Json::Value references(Json::arrayValue);
+    for (const Json::Value& entry : MemberOf(job, "reference_file")) {
+        const std::string path = TextOf(MemberOf(entry, "path"));
+        if (path == analysis.sceneFilePath)
+            continue;
+        Json::Value reference;
+        reference["path"] = path;
+        references.append(reference);
+    }
+    job.removeMember("reference_file");
+    if (!references.empty())
+        job["reference_file"] = references;
+}
+
+void SetBlocking(const SceneAnalysis& analysis, Json::Value& job) {
+    const bool isDistributed = analysis.blockMode == kDistributedBlocks;
+    const bool isBlocked = analysis.blockMode != kNoBlocks && !isDistributed;
+    job["enable_blocking"] = isBlocked ? 1 : 0;
+    job["num_blocks"] = isBlocked ? analysis.blockMode : 0;
+    job["distributed_render"] = isDistributed ? analysis.blockCount : 0;
+}
+
+// Each step down in the image's scale lowers the irradiance map's rates by one.
+Json::Value ScaledRate(std::int32_t rate, const SceneAnalysis& analysis, const JobPaths& paths) {
+    const Json::Int64 scaled = analysis.giChannel ? Json::Int64{rate} - paths.giScaleIndex : rate;
+    return scaled;
+}
+
+// The client knows colour, ambient occlusion and material as booleans, but GI and PSD as the texts "1" and
+// "0". Both kinds are part of the format.
+Json::Value MaxOptions(const SceneAnalysis& analysis, const JobPaths& paths) {
+    Json::Value options;
+    options["color_channel"] = analysis.colorChannel;
+    options["ao_channel"] = analysis.aoChannel;
+    if (analysis.aoChannel) {
+        options["ao_radius"] = analysis.aoRadius;
+        options["ao_subdivs"] = analysis.aoSubdivs;
+    }
+    options["gamma_out"] = static_cast<double>(analysis.gamma);
+    options["mtl_channel"] = analysis.materialChannel;
+    options["gi_irradmap_preset"] = analysis.irradmapPreset;
+    options["gi_irradmap_minRate"] = ScaledRate(analysis.irradmapMinRate, analysis, paths);
+    options["gi_irradmap_maxRate"] = ScaledRate(analysis.irradmapMaxRate, analysis, paths);
+    if (analysis.giChannel)
+        options["gi_image_scale"] = paths.giScaleText;
+    options["gi_channel"] = analysis.giChannel ? "1" : "0";
+    options["psd_channel"] = analysis.psdChannel ? "1" : "0";
+    return options;
+}
+
+Json::Value CoronaOptions(const SceneAnalysis& analysis) {
+    Json::Value options;
+    options["CoronaNoiseLevelLimit"] = analysis.coronaNoiseLimit * 0.01; // per cent
+    options["CoronaPassLimit"] = analysis.coronaPassLimit;
+    options["CoronaTimeLimit"] = analysis.coronaTimeLimitSeconds;
+    options["useCorona"] = analysis.useCorona;
+    return options;
+}
+
+// What is not named here passes from the report to the job unchanged.
+void WorkChoicesIn(const SceneAnalysis& analysis, const JobPaths& paths, Json::Value& job) {
+    SetReferences(analysis, job);
+    if (!MemberOf(job, "errors").isNull())
+        job.removeMember("errors");
+    job["name"] = paths.scenePath;
+    SetCameras(analysis, job);
+    SetBlocking(analysis, job);
+    job["max_options"] = MaxOptions(analysis, paths);
+    if (analysis.useCorona)
+        job["corona_options"] = CoronaOptions(analysis);
+}
+
+// A box that was ticked after the options were collected. The file keeps what was collected.
+void RefreshChannels(SceneAnalysis& analysis, HWND dialog) {
+    analysis.aoChannel = analysis.aoChannel || IsChecked(dialog, IDC_AO_CHANNEL);
+    analysis.colorChannel = analysis.colorChannel || IsChecked(dialog, IDC_COLOR_CHANNEL);
+}
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using TextFile = std::unique_ptr<std::FILE, CloseFile>;
+
+// Text mode, so that every line ends with CR LF. Others may read and write the file meanwhile: the client
+// watches the folder.
+bool WriteTextFile(const std::wstring& path, const std::string& text) {
+    TextFile file(::_wfsopen(path.c_str(), L"wt", _SH_DENYNO));
+    if (!file)
+        return false;
+    const bool isWritten = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
+    if (std::fclose(file.release()) != 0 || !isWritten)
+        PluginData::instance().writeLog(kError, "Write json file error: " + WideToUtf8(path));
+    return true;
+}
+
+std::string RequestBody(const Json::Value& job, const JobPaths& paths, const std::wstring& jobFile,
+                        HWND dialog) {
+    Json::Value request;
+    request["scenePath"] = paths.scenePath;
+    request["filePath"] = WideToUtf8(jobFile);
+    request["maxVersion"] = "3ds Max " + TextOf(MemberOf(job, "app_version"));
+    request["compressPath"] = paths.archivePath;
+    request["PLUGIN_SAVE_SCENE_FILE"] = Json::UInt{::IsDlgButtonChecked(dialog, IDC_SAVE_SCENE_FILE)};
+    return Json::StyledWriter().write(request);
+}
+
+bool Fail(HWND dialog, const char* logLine) {
+    ShowMessage(dialog, IDS_JOB_NOT_WRITTEN, IDS_CAPTION);
+    PluginData::instance().writeLog(kError, logLine);
+    return false;
+}
+
+} // namespace
+
+bool WriteJobDescription(SceneAnalysis& analysis, HWND dialog, JobPaths& paths, const std::wstring& baseName,
+                         std::string& requestBody) {
+    Json::Value job;
+    if (!ParseReport(analysis.reportText, job) || !job.isObject())
+        return Fail(dialog, "Parse failed in writing json file when submiting!");
+    WorkChoicesIn(analysis, paths, job);
+    RefreshChannels(analysis, dialog);
+
+    EnsureFolder(paths.jsonDir);
+    const std::wstring jobFile = paths.jsonDir + L"/" + baseName + L".json";
+    if (!WriteTextFile(jobFile, Json::StyledWriter().write(job)))
+        return Fail(dialog, "Open json file failed when write it!");
+    requestBody = RequestBody(job, paths, jobFile, dialog);
+    paths.jsonDir = jobFile;
+    PluginData::instance().writeLog(kInfo,
+                                    "Write json file at: " + WideToUtf8(jobFile) + " successfully.");
+    return true;
+}
+
+} // namespace orv

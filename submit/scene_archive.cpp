@@ -1,0 +1,93 @@
+#include "submit/scene_archive.h"
+
+#include "analysis/text/text_convert.h"
+#include "analysis/work_folder.h"
+#include "base/handles.h"
+#include "config/plugin_data.h"
+#include "submit/archive_password.h"
+#include "submit/dialog_input/scene_name_text.h"
+#include "submit/paths.h"
+#include "submit/random_text.h"
+
+#include <vector>
+
+namespace orv {
+namespace {
+
+constexpr char kArchiveExtension[] = ".7z";
+
+bool Fail(const std::string& reason) {
+    PluginData::instance().writeLog(kError, "Pack scene: " + reason);
+    return false;
+}
+
+// In double quotes, as one argument of the archiver. A file's path has no quotes of its own and none here
+// ends in a backslash, so nothing needs escaping.
+std::string Quoted(const std::string& path) {
+    return "\"" + path + "\"";
+}
+
+std::wstring ArchiveFolder(const JobPaths& paths, const SessionData& session) {
+    EnsureFolder(paths.compressDir);
+    const bool hasSaveFolder = session.present && !session.savePath.empty();
+    return hasSaveFolder && EnsureFolder(session.savePath) ? session.savePath : paths.compressDir;
+}
+
+std::wstring Joined(const std::wstring& folder, const std::wstring& name) {
+    const bool hasSeparator = folder.back() == L'/' || folder.back() == L'\\';
+    return hasSeparator ? folder + name : folder + L"/" + name;
+}
+
+ProcessHandle StartArchiver(const JobPaths& paths) {
+    // Without the quotes Windows would look for C:\ProgramData/Orv.exe first, and the archiver would take
+    // "Rendering/7-Zip/7z.exe" for its command.
+    std::wstring commandLine = L"\"" + paths.sevenZipPath + L"\"" + Utf8ToWide(paths.archiverArguments);
+    STARTUPINFOW startup{};
+    startup.cb = sizeof(startup);
+    PROCESS_INFORMATION process{};
+    if (!::CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, FALSE,
+                          CREATE_NO_WINDOW | NORMAL_PRIORITY_CLASS, nullptr, nullptr, &startup, &process)) {
+        const DWORD error = ::GetLastError();
+        Fail("start of the archiver " + WideToUtf8(paths.sevenZipPath) + " error, code is " +
+             std::to_string(error));
+        return {};
+    }
+    const ThreadHandle thread(process.hThread);
+    return ProcessHandle(process.hProcess);
+}
+
+} // namespace
+
+bool PackScene(const std::string& scenePath, JobPaths& paths, const SessionData& session) {
+    const std::wstring baseName = StemPart(Utf8ToWide(scenePath));
+    if (baseName.empty() || !IsUsableSceneName(baseName))
+        return Fail("no archive can be named after " + scenePath);
+    const std::string baseNameBytes = WideToUtf8(baseName);
+    const std::string fileName = baseNameBytes + "_" + RandomText() + kArchiveExtension;
+    const std::wstring archivePath = Joined(ArchiveFolder(paths, session), Utf8ToWide(fileName));
+    if (archivePath.size() > kLongestPath)
+        return Fail("the archive's path is too long: " + WideToUtf8(archivePath));
+    const std::string password = ArchivePassword(baseNameBytes);
+    if (password.empty())
+        return Fail("no password could be made.");
+
+    paths.archivePath = WideToUtf8(archivePath);
+    paths.archiverArguments = " a -mx=3 -mmt=2 -t7z -p" + password + " " + Quoted(paths.archivePath) + " " +
+                              Quoted(scenePath);
+    return true;
+}
+
+void RunArchiver(const JobPaths& paths) {
+    const ProcessHandle archiver = StartArchiver(paths);
+    if (!archiver)
+        return;
+    ::WaitForSingleObject(archiver.get(), INFINITE);
+    DWORD exitCode = 0;
+    ::GetExitCodeProcess(archiver.get(), &exitCode);
+    if (exitCode != 0)
+        Fail("the archiver ended with code " + std::to_string(exitCode));
+    else
+        PluginData::instance().writeLog(kInfo, "Scene packed into " + paths.archivePath);
+}
+
+} // namespace orv

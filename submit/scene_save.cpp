@@ -1,0 +1,64 @@
+#include "submit/scene_save.h"
+
+#include "analysis/text/text_convert.h"
+#include "config/plugin_data.h"
+#include "host/host.h"
+#include "submit/dialog_input/scene_name_text.h"
+#include "submit/paths.h"
+
+namespace orv {
+namespace {
+
+void Log(const std::string& level, const std::string& message) {
+    PluginData::instance().writeLog(level, message);
+}
+
+// A slash anywhere wins over every backslash.
+std::wstring FolderOf(const std::wstring& path) {
+    std::size_t separator = path.rfind(L'/');
+    if (separator == std::wstring::npos)
+        separator = path.rfind(L'\\');
+    return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator + 1);
+}
+
+bool SaveTo(const std::wstring& path) {
+    if (path.size() > kLongestPath) {
+        Log(kError, "Save scene: the path is too long: " + WideToUtf8(path));
+        return false;
+    }
+    const bool saved = host::SaveSceneTo(path);
+    Log(saved ? kInfo : kError,
+        "Save scene to " + WideToUtf8(path) + (saved ? " successfully." : " failed."));
+    return saved;
+}
+
+} // namespace
+
+std::string SaveSceneAs(SceneAnalysis& analysis, HWND sceneNameEdit, const std::string& fileName) {
+    const std::wstring currentPath = host::SceneFilePath();
+    if (analysis.saveCount <= 0)
+        analysis.sceneFilePath = WideToUtf8(currentPath);
+
+    std::string wanted = fileName;
+    if (wanted.empty()) {
+        ::SetWindowTextW(sceneNameEdit, SceneNameOf(host::SceneFileName()).c_str());
+        wanted = analysis.recordedSceneName;
+    }
+    if (wanted == analysis.recordedSceneName)
+        return WideToUtf8(currentPath);
+
+    const std::wstring folder = FolderOf(currentPath);
+    if (folder.empty()) {
+        Log(kError, "Save scene: the scene has no file yet.");
+        return {};
+    }
+    const std::wstring path = folder + Utf8ToWide(wanted);
+    if (!SaveTo(path))
+        return {};
+    // Recorded only now: after a refused save the next attempt has to save again.
+    analysis.recordedSceneName = wanted;
+    ++analysis.saveCount;
+    return WideToUtf8(path);
+}
+
+} // namespace orv

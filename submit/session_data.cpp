@@ -1,0 +1,82 @@
+#include "submit/session_data.h"
+
+#include "analysis/text/text_convert.h"
+#include "base/handles.h"
+#include "config/plugin_data.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace orv {
+namespace {
+
+constexpr wchar_t kUserNameSection[] = L"TALVEKRO_USERNAME_DATA";
+constexpr wchar_t kSavePathSection[] = L"TALVEKRO_PLUGIN_SAVE_PATH";
+
+constexpr std::size_t kLongestValue = 4096; // bytes, the zero at the end included
+
+void LogFailure(const wchar_t* section, const std::string& what) {
+    PluginData::instance().writeLog(kWarn, "Session data " + WideToUtf8(section) + ": " + what);
+}
+
+// How many bytes can be read at `view`: a section may be smaller than the longest value.
+std::size_t ReadableBytes(const void* view) {
+    MEMORY_BASIC_INFORMATION region{};
+    if (::VirtualQuery(view, &region, sizeof(region)) == 0)
+        return 0;
+    return std::min<std::size_t>(region.RegionSize, kLongestValue);
+}
+
+// Copies before looking: the client may be writing at this moment.
+std::vector<char> CopyOf(const void* view) {
+    const char* const bytes = static_cast<const char*>(view);
+    return std::vector<char>(bytes, bytes + ReadableBytes(view));
+}
+
+// The bytes before the zero byte of a section.
+bool ReadSection(const wchar_t* name, std::string& value) {
+    const FileMappingHandle section(::OpenFileMappingW(FILE_MAP_READ, FALSE, name));
+    if (!section)
+        return false;
+    const MappedView view(::MapViewOfFile(section.get(), FILE_MAP_READ, 0, 0, 0));
+    if (!view) {
+        const DWORD error = ::GetLastError();
+        LogFailure(name, "map view error, code is " + std::to_string(error));
+        return false;
+    }
+    const std::vector<char> bytes = CopyOf(view.get());
+    const auto end = std::find(bytes.begin(), bytes.end(), '\0');
+    if (end == bytes.end()) {
+        LogFailure(name, "no zero byte at the end of the text.");
+        return false;
+    }
+    value.assign(bytes.begin(), end);
+    return true;
+}
+
+bool ReadText(const wchar_t* name, std::string& bytes, std::wstring& text) {
+    if (!ReadSection(name, bytes))
+        return false;
+    bool isUtf8 = false;
+    text = Utf8ToWide(bytes, &isUtf8);
+    if (!isUtf8)
+        LogFailure(name, "the text is not UTF-8.");
+    return isUtf8;
+}
+
+} // namespace
+
+void readSessionData(SessionData& data) {
+    std::string bytes;
+    std::wstring text;
+    if (!ReadText(kUserNameSection, bytes, text))
+        return;
+    data.userName = text;
+    if (!ReadText(kSavePathSection, bytes, text))
+        return;
+    data.savePath = text;
+    data.savePathBytes = bytes;
+    data.present = true;
+}
+
+} // namespace orv
