@@ -7,8 +7,8 @@ namespace orv {
 constexpr int kCoronaGoOn = 1;
 constexpr int kCoronaStop = 0;
 
-// Whether the scene may be rendered, by the Corona limits of PluginData's analysis. A scene that would
-// render for ever is stopped with a message box over `ownerWindow`.
+// Whether the scene may be rendered, by the Corona limits of PluginData's analysis. A scene that
+// would render for ever is stopped with a message box over `ownerWindow`.
 int CheckCoronaLimits(HWND ownerWindow);
 
 } // namespace orv

@@ -10,12 +10,13 @@ namespace {
 
 constexpr wchar_t kAsciiPunctuation[] = L"~!@#$&^(){}:\\; '`,.[]+_=/-";
 
-// Full-width forms and typographic punctuation. Written by number, because several of them look alike.
+// Full-width forms and typographic punctuation. Written by number, because several of them look
+// alike.
 constexpr wchar_t kWidePunctuation[] = {
     0xFF01, 0xFFE5, 0x2026, 0xFF08, 0xFF09, 0x2014, // exclamation, yen, ellipsis, parentheses, dash
     0x300C, 0x300D, 0x3010, 0x3011, 0x300A, 0x300B, // brackets in three forms
-    0x3001, 0xFF1B, 0xFF0C, 0x3002, 0x00B7,         // enumeration comma, semicolon, comma, stop, dot
-    0x201C, 0x201D, 0x2018, 0x2019,                 // quotation marks
+    0x3001, 0xFF1B, 0xFF0C, 0x3002, 0x00B7, // enumeration comma, semicolon, comma, stop, dot
+    0x201C, 0x201D, 0x2018, 0x2019,         // quotation marks
 };
 
 bool IsBetween(wchar_t character, wchar_t first, wchar_t last) {

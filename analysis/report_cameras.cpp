@@ -14,7 +14,7 @@ namespace {
 // Cameras' names are used in buffers of 260 characters; a longer one counts as none.
 constexpr std::size_t kLongestName = 259;
 
-constexpr double kFullCircle = 360.0;          // degrees
+constexpr double kFullCircle = 360.0;           // degrees
 constexpr std::int32_t kProgressiveSampler = 3; // V-Ray's number of it
 constexpr std::int32_t kAdvisedErrorCode = 107;
 
@@ -26,8 +26,9 @@ std::wstring NameOf(const Json::Value& entry) {
 // Output formats are ASCII words, so nothing else has an upper case that counts.
 std::wstring UpperCased(std::wstring text) {
     std::transform(text.begin(), text.end(), text.begin(), [](wchar_t character) {
-        return L'a' <= character && character <= L'z' ? static_cast<wchar_t>(character - L'a' + L'A')
-                                                      : character;
+        return L'a' <= character && character <= L'z'
+                   ? static_cast<wchar_t>(character - L'a' + L'A')
+                   : character;
     });
     return text;
 }
@@ -45,7 +46,8 @@ bool IsSpherical(const Json::Value& vray) {
     return override.asBool() && isFullCircle && TextOf(MemberOf(vray, "is_spherical")) == "true";
 }
 
-CameraInfo ReadCamera(const Json::Value& camera, const std::wstring& name, const SceneImage& image) {
+CameraInfo ReadCamera(const Json::Value& camera, const std::wstring& name,
+                      const SceneImage& image) {
     const std::int32_t width = WholeNumberOf(camera, "camWidth");
     const std::int32_t height = WholeNumberOf(camera, "camHeight");
     CameraInfo info;

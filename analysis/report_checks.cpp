@@ -62,9 +62,10 @@ void ReadCoronaLimits(const Json::Value& report, SceneAnalysis& analysis) {
     } else {
         analysis.coronaState = CoronaLimitState::OnlyTimeLimited;
         AddTip(analysis, IDS_TIP_CORONA_BLOCKS);
-        AddMessage(analysis, kWarn,
-                   "Block rendering is not recommended in Corona. Please limit progressive pass and "
-                   "noise level if you still want to use block rendering.");
+        AddMessage(
+            analysis, kWarn,
+            "Block rendering is not recommended in Corona. Please limit progressive pass and "
+            "noise level if you still want to use block rendering.");
     }
 }
 

@@ -55,12 +55,9 @@ constexpr MemberShape kCorona[] = {
 };
 
 constexpr MemberShape kVRay[] = {
-    {"imagesampler_type", Shape::OptionalText},
-    {"gi_irradmap_preset", Shape::OptionalText},
-    {"gi_irradmap_minRate", Shape::OptionalText},
-    {"gi_irradmap_maxRate", Shape::OptionalText},
-    {"camera_override_fov", Shape::Switch},
-    {"camera_fov", Shape::OptionalText},
+    {"imagesampler_type", Shape::OptionalText},   {"gi_irradmap_preset", Shape::OptionalText},
+    {"gi_irradmap_minRate", Shape::OptionalText}, {"gi_irradmap_maxRate", Shape::OptionalText},
+    {"camera_override_fov", Shape::Switch},       {"camera_fov", Shape::OptionalText},
     {"is_spherical", Shape::OptionalText},
 };
 
@@ -123,7 +120,8 @@ std::string FaultOfMembers(const Json::Value& object, const std::string& place,
     return {};
 }
 
-std::string FaultOfEntry(const Json::Value& entry, const std::string& place, const ListShape& list) {
+std::string FaultOfEntry(const Json::Value& entry, const std::string& place,
+                         const ListShape& list) {
     if (!entry.isObject())
         return Fault(place, "is not an object");
     if (!MemberOf(entry, list.entryMember).isString())
@@ -131,7 +129,8 @@ std::string FaultOfEntry(const Json::Value& entry, const std::string& place, con
     return {};
 }
 
-std::string FaultOfList(const Json::Value& object, const std::string& place, const ListShape& list) {
+std::string FaultOfList(const Json::Value& object, const std::string& place,
+                        const ListShape& list) {
     const Json::Value& entries = MemberOf(object, list.name);
     if (!Fits(entries, Shape::OptionalList))
         return Fault(place + list.name, Expected(Shape::OptionalList));
@@ -156,7 +155,8 @@ std::string FaultOfLists(const Json::Value& report) {
 std::string FaultOfRendererSettings(const Json::Value& report) {
     const std::string fault =
         FaultOfMembers(MemberOf(report, "corona_setting"), "corona_setting.", kCorona);
-    return fault.empty() ? FaultOfMembers(MemberOf(report, "vray_setting"), "vray_setting.", kVRay) : fault;
+    return fault.empty() ? FaultOfMembers(MemberOf(report, "vray_setting"), "vray_setting.", kVRay)
+                         : fault;
 }
 
 // The image is needed only where there is a camera to take it.

@@ -1,5 +1,5 @@
-// The steps of reading a report, in the order in which their messages reach the user. Each takes a report
-// that FindReportFault has passed.
+// The steps of reading a report, in the order in which their messages reach the user. Each takes a
+// report that FindReportFault has passed.
 #pragma once
 
 #include "config/scene_analysis.h"

@@ -41,7 +41,8 @@ std::wstring NewReportPath() {
 bool ReadAll(HANDLE file, std::string& bytes) {
     std::size_t filled = 0;
     while (filled < bytes.size()) {
-        const DWORD wanted = static_cast<DWORD>(std::min<std::size_t>(bytes.size() - filled, 1U << 20));
+        const DWORD wanted =
+            static_cast<DWORD>(std::min<std::size_t>(bytes.size() - filled, 1U << 20));
         DWORD got = 0;
         if (!::ReadFile(file, &bytes[filled], wanted, &got, nullptr))
             return false;
@@ -53,12 +54,12 @@ bool ReadAll(HANDLE file, std::string& bytes) {
     return true;
 }
 
-// The whole file, empty when it cannot be read. The path goes to Windows as it is: in the multibyte code
-// page a name could lose characters.
+// The whole file, empty when it cannot be read. The path goes to Windows as it is: in the multibyte
+// code page a name could lose characters.
 std::string ReadReportFile(const std::wstring& path) {
     const FileHandle file(::CreateFileW(path.c_str(), GENERIC_READ,
-                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                        nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     LARGE_INTEGER size{};
     if (!file || !::GetFileSizeEx(file.get(), &size)) {
         const DWORD error = ::GetLastError();
@@ -66,7 +67,8 @@ std::string ReadReportFile(const std::wstring& path) {
         return {};
     }
     if (size.QuadPart > kLargestReport) {
-        Log(kError, "Report " + WideToUtf8(path) + " is too large: " + std::to_string(size.QuadPart));
+        Log(kError,
+            "Report " + WideToUtf8(path) + " is too large: " + std::to_string(size.QuadPart));
         return {};
     }
     std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
@@ -78,9 +80,9 @@ std::string ReadReportFile(const std::wstring& path) {
     return bytes;
 }
 
-// Converted in one piece by Windows. A wide stream with a UTF-8 facet would do for most reports, but
-// wchar_t has 16 bits here, and the facet gives up at a character beyond U+FFFF, such as an emoji in
-// a camera's name.
+// Converted in one piece by Windows. A wide stream with a UTF-8 facet would do for most reports,
+// but wchar_t has 16 bits here, and the facet gives up at a character beyond U+FFFF, such as an
+// emoji in a camera's name.
 std::wstring ReadReport(const std::wstring& path) {
     std::wstring text = Utf8ToWide(ReadReportFile(path));
     if (!text.empty() && text.front() == kByteOrderMark)

@@ -6,8 +6,8 @@
 namespace orv {
 namespace {
 
-// A slash anywhere wins over every backslash: the parser writes slashes, and a backslash is then part
-// of a name.
+// A slash anywhere wins over every backslash: the parser writes slashes, and a backslash is then
+// part of a name.
 std::size_t LastSeparator(const std::string& path) {
     const std::size_t slash = path.rfind('/');
     return slash != std::string::npos ? slash : path.rfind('\\');

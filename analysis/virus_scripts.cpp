@@ -7,7 +7,7 @@ namespace orv {
 namespace {
 
 struct CleaningScript {
-    std::wstring ClientInfo::* path;
+    std::wstring ClientInfo::*path;
     const char* logLine;
 };
 

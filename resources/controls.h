@@ -14,6 +14,8 @@
 #define IDD_PROGRESS 104
 
 // Main dialog.
+#define IDC_BACK_UP_SCENE 1000 // and clean it of script viruses
+#define IDC_SAVE_SCENE_FILE 1002
 #define IDC_ANALYSE_AGAIN 1004
 #define IDC_SUBMIT 1005
 #define IDC_CAMERAS 1006
@@ -21,6 +23,18 @@
 #define IDC_INVERT_SELECTION 1028
 #define IDC_SELECT_ALL 1029
 #define IDC_SCENE_NAME 1036
+#define IDC_AO_SUBDIVS 1037
+#define IDC_GAMMA 1039
+#define IDC_AO_RADIUS 1040
+#define IDC_COLOR_CHANNEL 1043
+#define IDC_AO_CHANNEL 1044
+#define IDC_NOISE_LEVEL 1045
+#define IDC_TIME_LIMIT 1047
+#define IDC_MATERIAL_CHANNEL 1051
+#define IDC_PSD_CHANNEL 1053
+#define IDC_PASS_LIMIT 1054
+#define IDC_GI_CHANNEL 1056
+#define IDC_GI_SCALE 1057
 #define IDC_NO_WARNINGS 1201 // stands in the list's place while it is empty
 
 // Progress dialog.

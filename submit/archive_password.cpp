@@ -7,10 +7,12 @@ namespace {
 
 constexpr char kSecondDigestSuffix[] = ".7z.orv";
 
-// Which characters of the digests are taken: digit d at place i takes character 3 * i + d, at most the 31st.
+// Which characters of the digests are taken: digit d at place i takes character 3 * i + d, at most
+// the 31st.
 constexpr char kFromFirst[] = "20719364";
 constexpr char kFromSecond[] = "58140732";
-constexpr char kFromBoth[] = "93605182"; // even places from the first digest, odd ones from the second
+constexpr char kFromBoth[] =
+    "93605182"; // even places from the first digest, odd ones from the second
 
 constexpr std::size_t kDigits = 8;
 

@@ -73,8 +73,8 @@ Json::Value ScaledRate(std::int32_t rate, const SceneAnalysis& analysis, const J
     return scaled;
 }
 
-// The client knows colour, ambient occlusion and material as booleans, but GI and PSD as the texts "1" and
-// "0". Both kinds are part of the format.
+// The client knows colour, ambient occlusion and material as booleans, but GI and PSD as the texts
+// "1" and "0". Both kinds are part of the format.
 Json::Value MaxOptions(const SceneAnalysis& analysis, const JobPaths& paths) {
     Json::Value options;
     options["color_channel"] = analysis.colorChannel;
@@ -128,8 +128,8 @@ struct CloseFile {
 };
 using TextFile = std::unique_ptr<std::FILE, CloseFile>;
 
-// Text mode, so that every line ends with CR LF. Others may read and write the file meanwhile: the client
-// watches the folder.
+// Text mode, so that every line ends with CR LF. Others may read and write the file meanwhile: the
+// client watches the folder.
 bool WriteTextFile(const std::wstring& path, const std::string& text) {
     TextFile file(::_wfsopen(path.c_str(), L"wt", _SH_DENYNO));
     if (!file)
@@ -147,7 +147,8 @@ std::string RequestBody(const Json::Value& job, const JobPaths& paths, const std
     request["filePath"] = WideToUtf8(jobFile);
     request["maxVersion"] = "3ds Max " + TextOf(MemberOf(job, "app_version"));
     request["compressPath"] = paths.archivePath;
-    request["PLUGIN_SAVE_SCENE_FILE"] = Json::UInt{::IsDlgButtonChecked(dialog, IDC_SAVE_SCENE_FILE)};
+    request["PLUGIN_SAVE_SCENE_FILE"] =
+        Json::UInt{::IsDlgButtonChecked(dialog, IDC_SAVE_SCENE_FILE)};
     return Json::StyledWriter().write(request);
 }
 
@@ -159,8 +160,8 @@ bool Fail(HWND dialog, const char* logLine) {
 
 } // namespace
 
-bool WriteJobDescription(SceneAnalysis& analysis, HWND dialog, JobPaths& paths, const std::wstring& baseName,
-                         std::string& requestBody) {
+bool WriteJobDescription(SceneAnalysis& analysis, HWND dialog, JobPaths& paths,
+                         const std::wstring& baseName, std::string& requestBody) {
     Json::Value job;
     if (!ParseReport(analysis.reportText, job) || !job.isObject())
         return Fail(dialog, "Parse failed in writing json file when submiting!");
@@ -173,8 +174,8 @@ bool WriteJobDescription(SceneAnalysis& analysis, HWND dialog, JobPaths& paths, 
         return Fail(dialog, "Open json file failed when write it!");
     requestBody = RequestBody(job, paths, jobFile, dialog);
     paths.jsonDir = jobFile;
-    PluginData::instance().writeLog(kInfo,
-                                    "Write json file at: " + WideToUtf8(jobFile) + " successfully.");
+    PluginData::instance().writeLog(kInfo, "Write json file at: " + WideToUtf8(jobFile) +
+                                               " successfully.");
     return true;
 }
 

@@ -11,7 +11,8 @@ constexpr std::size_t kLongestPath = 259;
 // Everything up to and including the last separator; empty when there is none.
 std::wstring FolderPart(const std::wstring& path);
 
-// The file's name without folder and extension, and the extension with its full stop (may be empty).
+// The file's name without folder and extension, and the extension with its full stop (may be
+// empty).
 std::wstring StemPart(const std::wstring& path);
 std::wstring ExtensionPart(const std::wstring& path);
 

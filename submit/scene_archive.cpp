@@ -21,8 +21,8 @@ bool Fail(const std::string& reason) {
     return false;
 }
 
-// In double quotes, as one argument of the archiver. A file's path has no quotes of its own and none here
-// ends in a backslash, so nothing needs escaping.
+// In double quotes, as one argument of the archiver. A file's path has no quotes of its own and
+// none here ends in a backslash, so nothing needs escaping.
 std::string Quoted(const std::string& path) {
     return "\"" + path + "\"";
 }
@@ -39,14 +39,16 @@ std::wstring Joined(const std::wstring& folder, const std::wstring& name) {
 }
 
 ProcessHandle StartArchiver(const JobPaths& paths) {
-    // Without the quotes Windows would look for C:\ProgramData/Orv.exe first, and the archiver would take
-    // "Rendering/7-Zip/7z.exe" for its command.
-    std::wstring commandLine = L"\"" + paths.sevenZipPath + L"\"" + Utf8ToWide(paths.archiverArguments);
+    // Without the quotes Windows would look for C:\ProgramData/Orv.exe first, and the archiver
+    // would take "Rendering/7-Zip/7z.exe" for its command.
+    std::wstring commandLine =
+        L"\"" + paths.sevenZipPath + L"\"" + Utf8ToWide(paths.archiverArguments);
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION process{};
     if (!::CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, FALSE,
-                          CREATE_NO_WINDOW | NORMAL_PRIORITY_CLASS, nullptr, nullptr, &startup, &process)) {
+                          CREATE_NO_WINDOW | NORMAL_PRIORITY_CLASS, nullptr, nullptr, &startup,
+                          &process)) {
         const DWORD error = ::GetLastError();
         Fail("start of the archiver " + WideToUtf8(paths.sevenZipPath) + " error, code is " +
              std::to_string(error));
@@ -72,8 +74,8 @@ bool PackScene(const std::string& scenePath, JobPaths& paths, const SessionData&
         return Fail("no password could be made.");
 
     paths.archivePath = WideToUtf8(archivePath);
-    paths.archiverArguments = " a -mx=3 -mmt=2 -t7z -p" + password + " " + Quoted(paths.archivePath) + " " +
-                              Quoted(scenePath);
+    paths.archiverArguments = " a -mx=3 -mmt=2 -t7z -p" + password + " " +
+                              Quoted(paths.archivePath) + " " + Quoted(scenePath);
     return true;
 }
 

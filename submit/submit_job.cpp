@@ -28,7 +28,8 @@ namespace {
 constexpr wchar_t kClientAddress[] = L"127.0.0.1";
 constexpr wchar_t kOutputFolderSuffix[] = L"_plugin_output";
 
-// Virus scanners and the file system get a moment to let go of the new archive before the client is told.
+// Virus scanners and the file system get a moment to let go of the new archive before the client is
+// told.
 constexpr DWORD kArchiveSettleMilliseconds = 1000;
 
 // GI image scale by the selection in its list; no selection counts as the first.
@@ -150,7 +151,8 @@ void Submission::takeCoronaLimits() {
 
 bool Submission::checkCameras() {
     std::vector<std::wstring> badNames;
-    switch (ValidateCamerasForSubmit(::GetDlgItem(dialog_, IDC_CAMERAS), analysis_.cameras, badNames)) {
+    switch (
+        ValidateCamerasForSubmit(::GetDlgItem(dialog_, IDC_CAMERAS), analysis_.cameras, badNames)) {
     case kCameraNamesBad:
         return endWith(IDS_CAMERA_NAMES_UNUSABLE, kSubmitFailed);
     case kNoCameraChecked:
@@ -197,7 +199,8 @@ bool Submission::takeSceneName() {
 }
 
 bool Submission::saveScene() {
-    const std::string fileName = sceneName_.empty() ? std::string() : WideToUtf8(SceneFileNameOf(sceneName_));
+    const std::string fileName =
+        sceneName_.empty() ? std::string() : WideToUtf8(SceneFileNameOf(sceneName_));
     scenePath_ = SaveSceneAs(analysis_, ::GetDlgItem(dialog_, IDC_SCENE_NAME), fileName);
     if (scenePath_.empty())
         return endWith(IDS_SCENE_NOT_SAVED, kSubmitEnded);
@@ -256,7 +259,8 @@ void Submission::runArchiver() {
 }
 
 bool Submission::describeJob() {
-    return WriteJobDescription(analysis_, dialog_, paths_, jobName_, requestBody_) || end(kSubmitFailed);
+    return WriteJobDescription(analysis_, dialog_, paths_, jobName_, requestBody_) ||
+           end(kSubmitFailed);
 }
 
 void Submission::postJob() {

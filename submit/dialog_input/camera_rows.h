@@ -13,8 +13,8 @@ struct CameraRow {
     bool isChecked = false;
 };
 
-// The rows from the first to the last; none when `cameraTable` is no list view. From any thread of the
-// process.
+// The rows from the first to the last; none when `cameraTable` is no list view. From any thread of
+// the process.
 std::vector<CameraRow> ReadCameraRows(HWND cameraTable);
 
 } // namespace orv

@@ -51,7 +51,8 @@ int ValidateCameraRows(const std::vector<CameraRow>& rows, CameraMap& cameras,
     return anyChecked ? kCamerasValid : kNoCameraChecked;
 }
 
-int ValidateCamerasForSubmit(HWND cameraTable, CameraMap& cameras, std::vector<std::wstring>& badNames) {
+int ValidateCamerasForSubmit(HWND cameraTable, CameraMap& cameras,
+                             std::vector<std::wstring>& badNames) {
     const int code = ValidateCameraRows(ReadCameraRows(cameraTable), cameras, badNames);
     for (const Outcome& outcome : kOutcomes) {
         if (outcome.code == code)

@@ -1,5 +1,5 @@
-// Reading the controls of the main dialog by its window handle, from any thread of the process. A control
-// that the dialog does not have reads as unchecked, empty and 0.
+// Reading the controls of the main dialog by its window handle, from any thread of the process. A
+// control that the dialog does not have reads as unchecked, empty and 0.
 #pragma once
 
 #include "base/windows.h"

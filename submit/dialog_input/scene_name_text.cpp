@@ -14,7 +14,8 @@ std::wstring SceneNameOf(const std::wstring& typed) {
     if (typed.size() < kExtensionLength)
         return typed;
     const std::size_t stemLength = typed.size() - kExtensionLength;
-    return ::_wcsicmp(typed.c_str() + stemLength, kExtension) == 0 ? typed.substr(0, stemLength) : typed;
+    return ::_wcsicmp(typed.c_str() + stemLength, kExtension) == 0 ? typed.substr(0, stemLength)
+                                                                   : typed;
 }
 
 std::wstring SceneFileNameOf(const std::wstring& typed) {

@@ -5,7 +5,8 @@
 
 namespace orv {
 
-// The typed name without ".max" at its end (in any case), so that "shot" and "shot.max" mean the same.
+// The typed name without ".max" at its end (in any case), so that "shot" and "shot.max" mean the
+// same.
 std::wstring SceneNameOf(const std::wstring& typed);
 
 // The file's name: SceneNameOf(typed) + ".max".
