@@ -24,6 +24,11 @@ Event& Event::with(const char* key, int number) {
     return *this;
 }
 
+Event& Event::with(const char* key, const Json::Value& value) {
+    object_[key] = value;
+    return *this;
+}
+
 void Event::tell(const EventSink& sink) const {
     if (sink) {
         sink(object_);

@@ -23,6 +23,7 @@ public:
     Event& with(const char* key, const char* text);
     Event& with(const char* key, bool flag);
     Event& with(const char* key, int number);
+    Event& with(const char* key, const Json::Value& value);
 
     void tell(const EventSink& sink) const;
 

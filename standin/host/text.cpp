@@ -2,16 +2,8 @@
 
 #include "base/windows.h"
 
-#include <cstdio>
-#include <memory>
-
 namespace standin {
 namespace {
-
-struct CloseStream {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using Stream = std::unique_ptr<std::FILE, CloseStream>;
 
 size_t LastSeparator(const std::wstring& path) {
     return path.find_last_of(L"/\\");
@@ -60,15 +52,19 @@ bool FileExists(const std::wstring& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
+Stream OpenStream(const std::wstring& path, const wchar_t* mode) {
+    return Stream(_wfopen(path.c_str(), mode));
+}
+
 bool CanBeWritten(const std::wstring& existingFile) {
     // An administrator may open a read-only file all the same, so the mark is asked for.
     const DWORD attributes = GetFileAttributesW(existingFile.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) == 0 &&
-           Stream(_wfopen(existingFile.c_str(), L"r+b")) != nullptr;
+           OpenStream(existingFile, L"r+b") != nullptr;
 }
 
 bool ReadWholeFile(const std::wstring& path, std::string& bytes) {
-    const Stream file(_wfopen(path.c_str(), L"rb"));
+    const Stream file = OpenStream(path, L"rb");
     if (!file) {
         return false;
     }
@@ -86,7 +82,7 @@ bool ReadWholeFile(const std::wstring& path, std::string& bytes) {
 }
 
 bool WriteWholeFile(const std::wstring& path, const std::string& bytes) {
-    const Stream file(_wfopen(path.c_str(), L"wb"));
+    const Stream file = OpenStream(path, L"wb");
     if (!file) {
         return false;
     }

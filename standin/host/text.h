@@ -2,6 +2,8 @@
 // the product's conversions cannot hide behind the same mistake here.
 #pragma once
 
+#include <cstdio>
+#include <memory>
 #include <string>
 
 namespace standin {
@@ -19,6 +21,13 @@ std::wstring FolderOf(const std::wstring& path);
 
 bool FileExists(const std::wstring& path);
 bool CanBeWritten(const std::wstring& existingFile);
+
+// An open stream of the C library, closed with its owner; null when it cannot be opened.
+struct CloseStream {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using Stream = std::unique_ptr<std::FILE, CloseStream>;
+Stream OpenStream(const std::wstring& path, const wchar_t* mode);
 
 // Reads or writes a whole file as bytes. False when it cannot be done; `bytes` is then left as it
 // was.

@@ -2,8 +2,6 @@
 
 #include "analysis/text/text_convert.h"
 #include "base/noncopyable.h"
-#include "log/module_log.h"
-#include "submit/dialog_input/dialog_log.h"
 
 #include <algorithm>
 
@@ -52,7 +50,7 @@ std::vector<std::wstring> WarningLines(const SceneAnalysis& analysis) {
     return lines;
 }
 
-void FillWarnings(HWND list, const std::vector<std::wstring>& lines) {
+void FillWarnings(HWND list, const std::vector<std::wstring>& lines, ModuleLog& log) {
     ::SendMessageW(list, LB_RESETCONTENT, 0, 0);
     const TextMeasure measure(list);
     int widest = 0;
@@ -62,9 +60,9 @@ void FillWarnings(HWND list, const std::vector<std::wstring>& lines) {
     }
     ::SendMessageW(list, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
     if (lines.empty())
-        WriteDialogLog(kInfo, "There is no warnning in this scene.");
+        log.write("There is no warnning in this scene.", kInfo);
     else
-        WriteDialogLog(kInfo, "Get warnning infomation of current scene successfully.");
+        log.write("Get warnning infomation of current scene successfully.", kInfo);
 }
 
 } // namespace orv

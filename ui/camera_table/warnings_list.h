@@ -3,6 +3,7 @@
 
 #include "base/windows.h"
 #include "config/scene_analysis.h"
+#include "log/module_log.h"
 
 #include <string>
 #include <vector>
@@ -14,7 +15,7 @@ namespace orv {
 std::vector<std::wstring> WarningLines(const SceneAnalysis& analysis);
 
 // Fills the list box `list` with `lines`, one line each, and lets it scroll to the end of the
-// widest. Writes its line to "rud_ui".
-void FillWarnings(HWND list, const std::vector<std::wstring>& lines);
+// widest.
+void FillWarnings(HWND list, const std::vector<std::wstring>& lines, ModuleLog& log);
 
 } // namespace orv
