@@ -9,14 +9,20 @@
 namespace orv {
 namespace host {
 
-inline HWND MainWindow() { return orv_host_main_window(); }
+inline HWND MainWindow() {
+    return orv_host_main_window();
+}
 
 // Name and full path of the open scene, empty for a scene that was never saved.
 std::wstring SceneFileName();
 std::wstring SceneFilePath();
 
-inline bool SaveScene() { return orv_host_save_scene() != 0; }
-inline bool SaveSceneTo(const std::wstring& path) { return orv_host_save_scene_to(path.c_str()) != 0; }
+inline bool SaveScene() {
+    return orv_host_save_scene() != 0;
+}
+inline bool SaveSceneTo(const std::wstring& path) {
+    return orv_host_save_scene_to(path.c_str()) != 0;
+}
 
 // A value that a script can return, made and freed by the host's own code.
 class ScriptValue : private rud_Noncopyable {

@@ -1,8 +1,9 @@
 // The door to the host in plain C, because the two sides are compiled for different object layouts.
 // C++ code of the product uses host/host.h. All strings are UTF-16 and zero-terminated.
 //
-// The host's interface belongs to its main thread. Every function here may be called from any thread:
-// away from the main thread the call is handed over to it and the caller waits for the result.
+// The host's interface belongs to its main thread. Every function here may be called from any
+// thread: away from the main thread the call is handed over to it and the caller waits for the
+// result.
 #pragma once
 
 #include "base/windows.h"
@@ -11,8 +12,8 @@ class FPValue; // a script's result; its layout is the host's
 
 extern "C" {
 
-// Opens the door on the host's main thread (the plug-in's start) and closes it (its stop). Calls from
-// other threads fail while it is closed. Opening twice or closing twice does nothing.
+// Opens the door on the host's main thread (the plug-in's start) and closes it (its stop). Calls
+// from other threads fail while it is closed. Opening twice or closing twice does nothing.
 void orv_host_open(void);
 void orv_host_close(void);
 
@@ -32,8 +33,8 @@ int orv_host_save_scene(void);
 // scene. Nonzero when saved.
 int orv_host_save_scene_to(const wchar_t* path);
 
-// Runs a MAXScript text. `result` comes from orv_host_value_create. Returns what the host returned: 1
-// when the script ran without an error.
+// Runs a MAXScript text. `result` comes from orv_host_value_create. Returns what the host returned:
+// 1 when the script ran without an error.
 int orv_host_run_script(const wchar_t* text, FPValue* result);
 FPValue* orv_host_value_create(void);
 void orv_host_value_destroy(FPValue* value);
@@ -42,7 +43,8 @@ void orv_host_value_destroy(FPValue* value);
 // Nonzero when the controls exist.
 int orv_host_setup_float_spinner(HWND dialog, int spinner, int edit, float minimum, float maximum,
                                  float value, float step);
-int orv_host_setup_int_spinner(HWND dialog, int spinner, int edit, int minimum, int maximum, int value);
+int orv_host_setup_int_spinner(HWND dialog, int spinner, int edit, int minimum, int maximum,
+                               int value);
 // Value of a spinner; 0 when the control is no spinner of the host.
 float orv_host_spinner_float(HWND dialog, int spinner);
 void orv_host_set_spinner_float(HWND dialog, int spinner, float value);

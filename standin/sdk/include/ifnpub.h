@@ -100,7 +100,7 @@ public:
     CoreExport virtual HINSTANCE HInstance();
     CoreExport virtual const MCHAR* GetRsrcString(StringResID id);
 
-private:
+protected:
     Interface_ID id_;
     void* description_[10];
 };
@@ -118,7 +118,7 @@ public:
     virtual FPInterfaceDesc* GetDescByID(Interface_ID) { return nullptr; }
     Interface_ID GetID() override { return Interface_ID(); }
 
-private:
+protected:
     void* callbacks_;
     INT_PTR enabled_;
 };

@@ -38,7 +38,7 @@ public:
         return nullptr;
     }
 
-private:
+protected:
     Tab<ParamBlockDesc2*> blocks_;
     Tab<IParamMap2*> maps_;
     void* dialogs_[3];

@@ -7,8 +7,7 @@
 
 extern "C" {
 
-// ---- What the plug-in asks of the host application
-// ------------------------------------------------
+// ---- What the plug-in asks of the host application ----
 
 // A script's result. `kind` tells which member counts; `text` belongs to whoever filled it and has
 // to stay valid until the next script runs.
@@ -51,22 +50,28 @@ struct standin_host_callbacks {
 // "CustEdit".
 void standin_set_host(const standin_host_callbacks* callbacks);
 
-// ---- Notifications
-// --------------------------------------------------------------------------------
+// Calls of the host's interface (scene, saving, scripts) that came from another thread than that of
+// standin_set_host. They are refused: in the real host they crash sooner or later.
+int standin_wrong_thread_count(void);
+
+// Interfaces of spinners that were taken (GetISpinner, SetupFloatSpinner, ...) and not released.
+int standin_spinner_interface_count(void);
+
+// ---- Notifications ----
 
 // Tells every registered procedure of event `code` (0x50: the host has started, 0x49: it ends).
 void standin_broadcast(int code);
 int standin_notification_count(void); // procedures registered now
 
-// ---- Actions
-// --------------------------------------------------------------------------------------
+// ---- Actions ----
 
 // Runs command `command` of table `table` through the callback in force. Nonzero when a callback
 // was called and said it handled the command.
 int standin_run_action(unsigned long table, int command);
 int standin_action_table_count(void);
 int standin_action_context_count(void);
-int standin_action_activation_count(void); // successful and repeated activations so far
+// Calls of ActivateActionTable that found their table, the repeated ones included.
+int standin_action_activation_count(void);
 // The name under which an action context was registered, null when it is unknown.
 const wchar_t* standin_action_context_name(unsigned long context);
 

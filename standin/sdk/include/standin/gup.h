@@ -14,13 +14,12 @@ typedef struct standin_plugin standin_plugin;
 // line about the reason in `reason` (may be null); the library is unloaded again.
 standin_plugin* standin_plugin_load(const wchar_t* path, wchar_t* reason, int capacity);
 
-// Stop and DeleteThis for each object, LibShutdown, FreeLibrary. Null does nothing. The action
-// table that the plug-in gave to the host holds code of the library: call standin_plugin_stop,
-// standin_core_reset and then this, if tables were registered.
+// Stop and DeleteThis for each object; deletes the action tables and drops the notifications that
+// the library has left with the host; LibShutdown, FreeLibrary. Null does nothing.
 void standin_plugin_unload(standin_plugin* plugin);
 
-// The first half of unloading, for that order: Stop and DeleteThis, the library stays loaded. Twice
-// does nothing.
+// The first part of unloading alone: Stop and DeleteThis, the library stays loaded. Twice does
+// nothing.
 void standin_plugin_stop(standin_plugin* plugin);
 
 HMODULE standin_plugin_module(const standin_plugin* plugin);

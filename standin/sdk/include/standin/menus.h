@@ -29,8 +29,7 @@ struct standin_item {
     wchar_t title[256]; // as the menu shows it; of a sub menu its title
 };
 
-// ---- Walking
-// --------------------------------------------------------------------------------------
+// ---- Walking ----
 
 standin_menu* standin_menu_bar(void); // the menu of context 1; made by standin_menus_reset
 standin_menu* standin_find_menu(const wchar_t* title); // registered menus only; null for none
@@ -40,8 +39,7 @@ int standin_menu_item_count(standin_menu* menu);
 // Nonzero when there is an item at `position` (0 is the first).
 int standin_menu_item(standin_menu* menu, int position, standin_item* item);
 
-// ---- The host's own menus
-// -------------------------------------------------------------------------
+// ---- The host's own menus ----
 
 // A registered menu with that title; an existing one is returned as it is.
 standin_menu* standin_menu_create(const wchar_t* title);
@@ -49,8 +47,7 @@ void standin_menu_append_command(standin_menu* menu, int command, const wchar_t*
 void standin_menu_append_separator(standin_menu* menu);
 void standin_menu_append_sub_menu(standin_menu* menu, standin_menu* sub_menu);
 
-// ---- The menu file
-// --------------------------------------------------------------------------------
+// ---- The menu file ----
 
 // UTF-8 text (docs: standin/sdk/README.md); holds registered menus, the menus below them and
 // contexts. Load replaces everything; when the file is missing or damaged nothing changes and 0 is
@@ -61,8 +58,7 @@ int standin_menus_save(const wchar_t* path);
 // Back to a host without menus: an empty main menu bar in context 1. Frees every menu and item.
 void standin_menus_reset(void);
 
-// ---- Counts, for tests that look for left-overs
-// ---------------------------------------------------
+// ---- Counts, for tests that look for left-overs ----
 
 int standin_registered_menu_count(void); // the main menu bar included
 int standin_menu_context_count(void);    // context 1 included
