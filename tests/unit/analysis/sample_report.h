@@ -1,0 +1,24 @@
+// A report as the parser writes it for a plain scene, to be changed by each test.
+#pragma once
+
+#include "analysis/report_reader.h"
+
+#include <json/value.h>
+#include <string>
+
+namespace orv {
+namespace test {
+
+// One camera "Cam", 1920 × 1080, frame 5, format "png", no renderer settings, no files, no errors.
+Json::Value SampleReport();
+
+Json::Value ParseJson(const std::string& text);
+
+// `report` as the text that a run of the parser leaves.
+std::wstring ReportText(const Json::Value& report);
+
+// Reads `report` into a new analysis; the reader's code goes to `result`.
+SceneAnalysis ReadReport(const Json::Value& report, int& result);
+
+} // namespace test
+} // namespace orv

@@ -1,0 +1,126 @@
+#include "tests/unit/support_host/fake_host.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace orv {
+namespace test {
+namespace {
+
+FakeHost* current = nullptr;
+
+FakeHost& Current() {
+    if (current == nullptr)
+        throw std::logic_error("the product called the host, but the test has none");
+    return *current;
+}
+
+int CopyText(const std::wstring& text, wchar_t* buffer, int capacity) {
+    if (capacity > 0) {
+        const std::size_t count = std::min(text.size(), static_cast<std::size_t>(capacity) - 1);
+        text.copy(buffer, count);
+        buffer[count] = L'\0';
+    }
+    return static_cast<int>(text.size());
+}
+
+} // namespace
+
+FakeHost::FakeHost() {
+    current = this;
+}
+
+FakeHost::~FakeHost() {
+    current = nullptr;
+}
+
+std::vector<std::wstring> FakeHost::savedPaths() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return savedPaths_;
+}
+
+std::vector<std::wstring> FakeHost::scripts() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return scripts_;
+}
+
+int FakeHost::valuesAlive() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return valuesAlive_;
+}
+
+std::wstring FakeHost::scenePath() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return sceneFilePath;
+}
+
+bool FakeHost::saveTo(const std::wstring& path) {
+    {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        savedPaths_.push_back(path);
+    }
+    if (onSaveTo && !onSaveTo(path))
+        return false;
+    const std::lock_guard<std::mutex> lock(mutex_);
+    sceneFilePath = path;
+    return true;
+}
+
+int FakeHost::runScript(const std::wstring& script) {
+    {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        scripts_.push_back(script);
+    }
+    return onScript ? onScript(script) : 1;
+}
+
+FPValue* FakeHost::createValue() {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    ++valuesAlive_;
+    return reinterpret_cast<FPValue*>(new char[64]()); // only its address is used here
+}
+
+void FakeHost::destroyValue(FPValue* value) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    --valuesAlive_;
+    delete[] reinterpret_cast<char*>(value);
+}
+
+} // namespace test
+} // namespace orv
+
+using orv::test::Current;
+
+extern "C" {
+
+HWND orv_host_main_window(void) {
+    return nullptr;
+}
+
+int orv_host_scene_file_name(wchar_t* buffer, int capacity) {
+    const std::wstring path = Current().scenePath();
+    const std::size_t separator = path.find_last_of(L"\\/");
+    return orv::test::CopyText(separator == std::wstring::npos ? path : path.substr(separator + 1),
+                               buffer, capacity);
+}
+
+int orv_host_scene_file_path(wchar_t* buffer, int capacity) {
+    return orv::test::CopyText(Current().scenePath(), buffer, capacity);
+}
+
+int orv_host_save_scene_to(const wchar_t* path) {
+    return Current().saveTo(path) ? 1 : 0;
+}
+
+int orv_host_run_script(const wchar_t* text, FPValue*) {
+    return Current().runScript(text);
+}
+
+FPValue* orv_host_value_create(void) {
+    return Current().createValue();
+}
+
+void orv_host_value_destroy(FPValue* value) {
+    Current().destroyValue(value);
+}
+}

@@ -1,0 +1,48 @@
+// A host for unit tests, behind the same C functions as the real one: it records what it is asked
+// for and answers as it is told. The real host cannot be had in a test of one folder.
+#pragma once
+
+#include "base/noncopyable.h"
+#include "host/host_api.h"
+
+#include <functional>
+#include <mutex>
+#include <string>
+#include <vector>
+
+namespace orv {
+namespace test {
+
+// While it lives, the product's calls to the host reach it, from whichever thread. One at a time.
+class FakeHost : private rud_Noncopyable {
+public:
+    FakeHost();
+    ~FakeHost();
+
+    // Set by the test before the product runs.
+    std::wstring sceneFilePath; // of the open scene, empty for one that was never saved
+    std::function<bool(const std::wstring& path)> onSaveTo;  // without one, saving succeeds
+    std::function<int(const std::wstring& script)> onScript; // without one, a script ends with 1
+
+    // What the product asked for, in order.
+    std::vector<std::wstring> savedPaths() const;
+    std::vector<std::wstring> scripts() const;
+    // Script values made and not freed.
+    int valuesAlive() const;
+
+    // The host's side of the calls.
+    std::wstring scenePath() const;
+    bool saveTo(const std::wstring& path);
+    int runScript(const std::wstring& script);
+    FPValue* createValue();
+    void destroyValue(FPValue* value);
+
+private:
+    mutable std::mutex mutex_; // guards what follows, and sceneFilePath
+    std::vector<std::wstring> savedPaths_;
+    std::vector<std::wstring> scripts_;
+    int valuesAlive_ = 0;
+};
+
+} // namespace test
+} // namespace orv
