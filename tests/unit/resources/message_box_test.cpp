@@ -4,7 +4,7 @@
 #include "resources/texts.h"
 #include "tests/support/handle_count.h"
 #include "tests/support/message_box_watcher.h"
-#include "tests/unit/resources/module_scope.h"
+#include "tests/support/module_scope.h"
 
 #include <gtest/gtest.h>
 

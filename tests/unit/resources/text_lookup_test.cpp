@@ -1,7 +1,7 @@
 #include "resources/message_box.h"
 #include "resources/text.h"
 #include "resources/texts.h"
-#include "tests/unit/resources/module_scope.h"
+#include "tests/support/module_scope.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The texts themselves, read from the compiled resources without the product's lookup.
 #include "base/product.h"
 #include "resources/texts.h"
-#include "tests/unit/resources/module_scope.h"
+#include "tests/support/module_scope.h"
 
 #include <gtest/gtest.h>
 

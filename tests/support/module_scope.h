@@ -1,4 +1,5 @@
-// The states that a lookup depends on, set for the length of a test.
+// The states that a lookup of texts depends on, set for the length of a test. For programs that
+// link orv_resources.
 #pragma once
 
 #include "base/noncopyable.h"
