@@ -29,12 +29,15 @@ INT_PTR Dialog::run(int templateId, HWND owner, LPARAM parameter) {
     RegisterControlClasses();
     Dialog* const outer = starting; // null unless a dialog opens another before its first message
     starting = this;
-    const INT_PTR result = ::DialogBoxParamW(hInstance, MAKEINTRESOURCEW(templateId), owner,
-                                             &Dialog::procedure, parameter);
+    INT_PTR result = ::DialogBoxParamW(hInstance, MAKEINTRESOURCEW(templateId), owner,
+                                       &Dialog::procedure, parameter);
     const DWORD error = ::GetLastError();
-    if (starting == this && result == -1)
+    if (starting ==
+        this) { // no message ever came: there was no window. For a dead owner 0 is returned.
         reportError("DialogBoxParamW failed for dialog " + std::to_string(templateId) +
                     ", error no:" + std::to_string(error));
+        result = -1;
+    }
     starting = outer;
     window_ = nullptr;
     return result;

@@ -133,20 +133,20 @@ void MessageBoxWatcher::watch() {
 }
 
 void MessageBoxWatcher::answer(HWND box) {
-    SeenMessageBox seen = Read(box);
-    if (seen.buttons.empty()) // closed by somebody else meanwhile
+    SeenMessageBox record = Read(box);
+    if (record.buttons.empty()) // closed by somebody else meanwhile
         return;
     {
         const std::lock_guard<std::mutex> lock(mutex_);
         const std::size_t next = std::min(boxes_.size() + 1, answers_.size());
         const int wanted = next == 0 ? IDOK : answers_[next - 1];
-        const bool offered = std::count(seen.buttons.begin(), seen.buttons.end(), wanted) > 0;
-        seen.answer = offered ? wanted : seen.buttons.front();
-        boxes_.push_back(seen);
+        const bool offered = std::count(record.buttons.begin(), record.buttons.end(), wanted) > 0;
+        record.answer = offered ? wanted : record.buttons.front();
+        boxes_.push_back(record);
     }
     // The box runs on its own thread: a posted command is what a click on the button becomes.
-    ::PostMessageW(box, WM_COMMAND, MAKEWPARAM(seen.answer, BN_CLICKED),
-                   reinterpret_cast<LPARAM>(::GetDlgItem(box, seen.answer)));
+    ::PostMessageW(box, WM_COMMAND, MAKEWPARAM(record.answer, BN_CLICKED),
+                   reinterpret_cast<LPARAM>(::GetDlgItem(box, record.answer)));
     WaitUntil([&] { return !::IsWindow(box) || !::IsWindowVisible(box) || ended_; });
 }
 

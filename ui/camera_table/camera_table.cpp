@@ -1,11 +1,12 @@
 #include "ui/camera_table/camera_table.h"
 
+#include "log/module_log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
+#include "submit/dialog_input/camera_rows.h"
+#include "submit/dialog_input/dialog_log.h"
 
 #include <commctrl.h>
-
-#include <vector>
 
 namespace orv {
 namespace {
@@ -69,7 +70,7 @@ void CameraTable::attach(HWND list) {
 
 bool CameraTable::createHead() {
     if (list_ == nullptr) {
-        log_.write("No handle result in creating camera table head failed.", kError);
+        WriteDialogLog(kError, "No handle result in creating camera table head failed.");
         return false;
     }
     const int dotsPerInch = DotsPerInch(list_);
@@ -90,24 +91,23 @@ bool CameraTable::createHead() {
 
 void CameraTable::create(const CameraMap& cameras) {
     if (fill(cameras) > 0)
-        log_.write("Create camera table successfully.", kInfo);
+        WriteDialogLog(kInfo, "Create camera table successfully.");
     else
-        log_.write("No cameras or Create camera table failed!", kWarn);
+        WriteDialogLog(kWarn, "No cameras or Create camera table failed!");
 }
 
 void CameraTable::update(const CameraMap& cameras) {
     if (fill(cameras) > 0)
-        log_.write("Update camera table successfully.", kInfo);
+        WriteDialogLog(kInfo, "Update camera table successfully.");
     else
-        log_.write("No cameras or Create camera table failed!", kWarn);
+        WriteDialogLog(kWarn, "No cameras or Create camera table failed!");
 }
 
 void CameraTable::readTicks(CameraMap& cameras) const {
-    const int rows = static_cast<int>(::SendMessageW(list_, LVM_GETITEMCOUNT, 0, 0));
-    for (int row = 0; row < rows; ++row) {
-        const auto camera = cameras.find(keyOf(row));
+    for (const CameraRow& row : ReadCameraRows(list_)) {
+        const auto camera = cameras.find(row.name);
         if (camera != cameras.end())
-            camera->second.selected = isTicked(row);
+            camera->second.selected = row.isChecked;
     }
 }
 
@@ -160,27 +160,6 @@ void CameraTable::setText(int row, int column, const std::wstring& text) {
     item.pszText = const_cast<wchar_t*>(text.c_str()); // read only
     ::SendMessageW(list_, LVM_SETITEMTEXTW, static_cast<WPARAM>(row),
                    reinterpret_cast<LPARAM>(&item));
-}
-
-std::wstring CameraTable::keyOf(int row) const {
-    // A list view does not tell how long a text is: one that fills the buffer may have been cut.
-    std::vector<wchar_t> buffer(260);
-    for (;;) {
-        LVITEMW item = {};
-        item.pszText = buffer.data();
-        item.cchTextMax = static_cast<int>(buffer.size());
-        const auto length = static_cast<std::size_t>(::SendMessageW(
-            list_, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)));
-        if (length + 1 < buffer.size())
-            return std::wstring(buffer.data(), length);
-        buffer.resize(buffer.size() * 2);
-    }
-}
-
-bool CameraTable::isTicked(int row) const {
-    const auto state = static_cast<UINT>(
-        ::SendMessageW(list_, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_STATEIMAGEMASK));
-    return state != INDEXTOSTATEIMAGEMASK(kUnticked);
 }
 
 } // namespace orv

@@ -4,16 +4,15 @@
 #include "base/noncopyable.h"
 #include "base/windows.h"
 #include "config/scene_analysis.h"
-#include "log/module_log.h"
 
 namespace orv {
 
 // Fills the list view and carries its check boxes over to the camera records and back. The check
 // boxes hold the user's choice; a record's `selected` flag is brought up to date by the functions
-// below. Writes its lines to `log`, which has to outlive it. For the dialog's own thread.
+// below. For the dialog's own thread. Writes its lines to "rud_ui".
 class CameraTable : private rud_Noncopyable {
 public:
-    explicit CameraTable(ModuleLog& log) : log_(log) {}
+    CameraTable() = default;
 
     // Takes over the list view `list`, which may be null, and gives it grid lines, check boxes and
     // whole-row selection.
@@ -41,10 +40,7 @@ private:
     int fill(const CameraMap& cameras);
     void insertRow(int row, const std::wstring& key, const CameraInfo& camera);
     void setText(int row, int column, const std::wstring& text);
-    std::wstring keyOf(int row) const;
-    bool isTicked(int row) const;
 
-    ModuleLog& log_;
     HWND list_ = nullptr;
     std::wstring spherical_; // what column 4 shows
     std::wstring normal_;

@@ -2,20 +2,17 @@
 #pragma once
 
 #include "base/windows.h"
-#include "log/module_log.h"
 
 #include <string>
 
 namespace orv {
 
-// What the edit shows for a scene of file name `fileName` (UTF-8, as the analysis found it): the
-// name without ".max", which the submission adds again.
-std::wstring SceneNameOf(const std::string& fileName);
+// Puts the scene's name into the edit `field`: `fileName` (UTF-8, as the analysis found it) without
+// ".max", which is added again when it is read. Writes its line to "rud_ui".
+void SetSceneName(HWND field, const std::string& fileName);
 
-// Puts SceneNameOf(fileName) into the edit `field`.
-void SetSceneName(HWND field, const std::string& fileName, ModuleLog& log);
-
-// The text of the edit `field` with ".max" added.
-std::wstring GetSceneName(HWND field, ModuleLog& log);
+// The file name that the text of the edit `field` stands for, ".max" at its end. Writes it to
+// "rud_ui".
+std::wstring GetSceneName(HWND field);
 
 } // namespace orv

@@ -2,6 +2,8 @@
 
 #include "analysis/text/text_convert.h"
 #include "base/noncopyable.h"
+#include "log/module_log.h"
+#include "submit/dialog_input/dialog_log.h"
 
 #include <algorithm>
 
@@ -50,7 +52,7 @@ std::vector<std::wstring> WarningLines(const SceneAnalysis& analysis) {
     return lines;
 }
 
-void FillWarnings(HWND list, const std::vector<std::wstring>& lines, ModuleLog& log) {
+void FillWarnings(HWND list, const std::vector<std::wstring>& lines) {
     ::SendMessageW(list, LB_RESETCONTENT, 0, 0);
     const TextMeasure measure(list);
     int widest = 0;
@@ -60,9 +62,9 @@ void FillWarnings(HWND list, const std::vector<std::wstring>& lines, ModuleLog& 
     }
     ::SendMessageW(list, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest), 0);
     if (lines.empty())
-        log.write("There is no warnning in this scene.", kInfo);
+        WriteDialogLog(kInfo, "There is no warnning in this scene.");
     else
-        log.write("Get warnning infomation of current scene successfully.", kInfo);
+        WriteDialogLog(kInfo, "Get warnning infomation of current scene successfully.");
 }
 
 } // namespace orv

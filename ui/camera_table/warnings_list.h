@@ -3,7 +3,6 @@
 
 #include "base/windows.h"
 #include "config/scene_analysis.h"
-#include "log/module_log.h"
 
 #include <string>
 #include <vector>
@@ -15,7 +14,7 @@ namespace orv {
 std::vector<std::wstring> WarningLines(const SceneAnalysis& analysis);
 
 // Fills the list box `list` with `lines`, one line each, and lets it scroll to the end of the
-// widest.
-void FillWarnings(HWND list, const std::vector<std::wstring>& lines, ModuleLog& log);
+// widest. Writes its line to "rud_ui".
+void FillWarnings(HWND list, const std::vector<std::wstring>& lines);
 
 } // namespace orv

@@ -1,1 +1,230 @@
+#include "ui/main_dialog/main_dialog.h"
 
+#include "analysis/report_reader.h"
+#include "analysis/scene_analysis_run.h"
+#include "base/product.h"
+#include "config/client_info.h"
+#include "host/host.h"
+#include "resources/controls.h"
+#include "resources/message_box.h"
+#include "resources/texts.h"
+#include "submit/dialog_input/dialog_log.h"
+#include "ui/camera_table/scene_name_field.h"
+#include "ui/camera_table/warnings_list.h"
+#include "ui/main_dialog/client_version.h"
+#include "ui/main_dialog/scene_name_rule.h"
+#include "ui/workers.h"
+
+#include <commctrl.h>
+
+#include <cstdio>
+#include <cwchar>
+#include <vector>
+
+namespace orv {
+namespace {
+
+// What the user can work with once the scene is known.
+const int kWorkControls[] = {IDC_SCENE_NAME, IDC_ANALYSE_AGAIN,    IDC_CAMERAS,
+                             IDC_SELECT_ALL, IDC_INVERT_SELECTION, IDC_SUBMIT};
+
+} // namespace
+
+MainDialog::MainDialog(PluginData& data) : data_(data) {}
+
+void MainDialog::writeError(const std::string& line) {
+    WriteDialogLog(kError, line);
+}
+
+bool MainDialog::onInit(LPARAM /*parameter*/) {
+    winsock_ = std::make_unique<WinsockSession>();
+    if (!winsock_->started()) {
+        std::fputs("Load WinSock Failed!\n", stdout);
+        WriteDialogLog(kError, "Load WinSock Failed!");
+        enableWork(false); // nothing was filled in: there is nothing to submit
+        return true;
+    }
+    switch (initialise(true)) {
+    case Outcome::Filled:
+        break;
+    case Outcome::NotAnalysed:
+        end(kSceneNotAnalysed);
+        return true;
+    case Outcome::Ended:
+        return true;
+    }
+    // The name is filled in already; the user's first choice is the cameras.
+    ::SetFocus(control(data_.analysis.cameras.empty() ? IDC_SCENE_NAME : IDC_CAMERAS));
+    return false;
+}
+
+bool MainDialog::onCommand(int id, int /*code*/) {
+    // The records belong to the submission while one runs.
+    const bool free = !IsSubmissionRunning();
+    switch (id) {
+    case IDC_SUBMIT:
+        submit();
+        return true;
+    case IDC_ANALYSE_AGAIN:
+        if (free)
+            analyseAgain();
+        return true;
+    case IDC_SELECT_ALL:
+        if (free)
+            cameras_.selectAll(data_.analysis.cameras);
+        return true;
+    case IDC_INVERT_SELECTION:
+        if (free)
+            cameras_.invertSelection(data_.analysis.cameras);
+        return true;
+    case IDCANCEL:
+        end(0);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool MainDialog::onNotify(NMHDR& header, LRESULT& result) {
+    if (header.idFrom != IDC_CAMERAS || header.code != LVN_GETEMPTYMARKUP)
+        return false;
+    auto& markup = reinterpret_cast<NMLVEMPTYMARKUP&>(header);
+    const std::wstring text = ResourceText(IDS_NO_CAMERAS);
+    markup.dwFlags = EMF_CENTERED;
+    std::wcsncpy(markup.szMarkup, text.c_str(), L_MAX_URL_LENGTH - 1);
+    result = TRUE;
+    return true;
+}
+
+bool MainDialog::onClose() {
+    end(0);
+    return true;
+}
+
+void MainDialog::onDestroy() {
+    winsock_.reset();
+}
+
+bool MainDialog::onMessage(UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) {
+    if (message != kRebuildCameraTable)
+        return false;
+    cameras_.update(data_.analysis.cameras);
+    fillWarnings();
+    return true;
+}
+
+MainDialog::Outcome MainDialog::initialise(bool first) {
+    if (first)
+        data_.analysis = SceneAnalysis();
+    ClientInfo info;
+    data_.loadClientInfo(info);
+    if (!checkClientVersion(info.lowerVersion) || !checkSceneFile())
+        return Outcome::Ended;
+    if (!analyse(info.parserScript))
+        return Outcome::NotAnalysed;
+    if (!readReport())
+        return Outcome::Ended;
+    fill(first);
+    return Outcome::Filled;
+}
+
+bool MainDialog::checkClientVersion(const std::wstring& lowestAccepted) {
+    switch (CheckClientVersion(lowestAccepted, kPluginVersion)) {
+    case ClientVersion::Missing:
+        return refuse(ResourceText(IDS_CLIENT_NOT_FOUND));
+    case ClientVersion::PluginTooOld:
+        return refuse(ResourceText(IDS_PLUGIN_TOO_OLD));
+    case ClientVersion::Accepted:
+        break;
+    }
+    return true;
+}
+
+bool MainDialog::checkSceneFile() {
+    return IsSceneFileNameAccepted(host::SceneFileName()) ||
+           refuse(ResourceText(IDS_SCENE_NAME_UNUSABLE));
+}
+
+bool MainDialog::analyse(const std::wstring& parserScript) {
+    host::ScriptValue result;
+    return RunSceneAnalysis(window(), result.get(), parserScript, data_.analysis.reportText);
+}
+
+bool MainDialog::readReport() {
+    // The reader adds to the cameras and messages that are there: those of an earlier analysis go,
+    // except for the user's ticks.
+    cameras_.readTicks(data_.analysis.cameras);
+    CameraMap before;
+    before.swap(data_.analysis.cameras);
+    data_.analysis.messages.clear();
+
+    const int result = ReadAnalysisReport(data_.analysis);
+    for (auto& camera : data_.analysis.cameras) {
+        const auto old = before.find(camera.first);
+        camera.second.selected = old != before.end() && old->second.selected;
+    }
+    if (result == kReportDuplicateCameras)
+        return refuse(ResourceText(IDS_SAME_CAMERA_NAMES_BEFORE) +
+                      data_.analysis.duplicateCameraNames +
+                      ResourceText(IDS_SAME_CAMERA_NAMES_AFTER));
+    if (result == kReportNoCameras) {
+        if (ShowMessage(window(), IDS_NO_CAMERAS_QUESTION, IDS_CAPTION, MB_YESNO) == IDYES)
+            return true;
+        end(0);
+        return false;
+    }
+    // A report that is no JSON reads as one without cameras; a table left empty would explain
+    // nothing.
+    if (result == kReportRefused || data_.analysis.cameras.empty())
+        return refuse(ResourceText(IDS_REPORT_UNREADABLE));
+    return true;
+}
+
+void MainDialog::fill(bool first) {
+    SetSceneName(control(IDC_SCENE_NAME), InitSceneName(data_.analysis));
+    fillWarnings();
+    if (!first) {
+        cameras_.update(data_.analysis.cameras);
+        return;
+    }
+    cameras_.attach(control(IDC_CAMERAS));
+    cameras_.createHead();
+    cameras_.create(data_.analysis.cameras);
+}
+
+void MainDialog::fillWarnings() {
+    const std::vector<std::wstring> lines = WarningLines(data_.analysis);
+    FillWarnings(control(IDC_WARNINGS), lines);
+    ::ShowWindow(control(IDC_WARNINGS), lines.empty() ? SW_HIDE : SW_SHOW);
+    ::ShowWindow(control(IDC_NO_WARNINGS), lines.empty() ? SW_SHOW : SW_HIDE);
+}
+
+void MainDialog::analyseAgain() {
+    if (initialise(false) == Outcome::NotAnalysed)
+        end(kSceneNotAnalysed);
+}
+
+void MainDialog::submit() {
+    if (!HasOnlySceneNameCharacters(GetSceneName(control(IDC_SCENE_NAME)))) {
+        refuse(ResourceText(IDS_SCENE_NAME_UNUSABLE));
+        return;
+    }
+    if (data_.confirmationRequired &&
+        ShowMessage(window(), IDS_CONFIRM_SUBMISSION, IDS_CAPTION, MB_OKCANCEL) != IDOK)
+        return;
+    if (StartSubmission(window()) == SubmissionStart::Failed)
+        ShowMessage(window(), IDS_SUBMISSION_NOT_STARTED, IDS_CAPTION);
+}
+
+bool MainDialog::refuse(const std::wstring& text) {
+    ShowMessage(window(), text, ResourceText(IDS_CAPTION));
+    end(0);
+    return false;
+}
+
+void MainDialog::enableWork(bool enabled) {
+    for (const int id : kWorkControls)
+        ::EnableWindow(control(id), enabled);
+}
+
+} // namespace orv

@@ -1,0 +1,56 @@
+#include "ui/entry.h"
+
+#include "config/config_mgr.h"
+#include "config/plugin_data.h"
+#include "resources/controls.h"
+#include "resources/message_box.h"
+#include "resources/texts.h"
+#include "ui/main_dialog/main_dialog.h"
+#include "ui/workers.h"
+
+#include <exception>
+#include <string>
+
+namespace {
+
+// The callers are the host's: nothing may be thrown into it.
+void LogError(const char* action, const char* what) noexcept {
+    try {
+        orv::PluginData::instance().writeLog(orv::kError, std::string(action) + " failed: " + what);
+    } catch (...) {
+        // There is nowhere left to tell it.
+    }
+}
+
+template<class Action>
+void RunGuarded(const char* name, Action action) noexcept {
+    try {
+        action();
+    } catch (const std::exception& error) {
+        LogError(name, error.what());
+    } catch (...) {
+        LogError(name, "unknown error");
+    }
+}
+
+void OpenMainDialog(HWND owner) {
+    // A submission goes on when its dialog is closed, and works on the records that an opening
+    // dialog would fill anew.
+    if (orv::IsSubmissionRunning()) {
+        orv::ShowMessage(owner, IDS_SUBMISSION_RUNS, IDS_CAPTION);
+        return;
+    }
+    orv::MainDialog dialog(orv::PluginData::instance());
+    dialog.run(IDD_MAIN, owner, reinterpret_cast<LPARAM>(&orv::OrvRenderingConfigMgr::instance()));
+}
+
+} // namespace
+
+void orv_open_main_dialog(HWND owner) {
+    RunGuarded("Opening the dialog", [owner] { OpenMainDialog(owner); });
+}
+
+void orv_show_about(void) {
+    RunGuarded("Showing the version",
+               [] { orv::ShowMessage(nullptr, IDS_ABOUT_TEXT, IDS_ABOUT_CAPTION); });
+}

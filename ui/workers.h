@@ -1,0 +1,22 @@
+// The two background workers of a submission.
+#pragma once
+
+#include "base/windows.h"
+
+namespace orv {
+
+enum class SubmissionStart {
+    Started,
+    RunsAlready, // nothing was started
+    Failed,      // nothing was started; the log tells why
+};
+
+// Starts the submit worker, which runs the submission of `dialog`, and the progress worker, which
+// shows the progress dialog over it. Both go on when `dialog` is closed. To be called on the
+// dialog's thread, whose language the workers take over; lets no exception out.
+SubmissionStart StartSubmission(HWND dialog) noexcept;
+
+// Whether a submission runs.
+bool IsSubmissionRunning();
+
+} // namespace orv
