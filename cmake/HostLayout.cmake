@@ -12,7 +12,7 @@ if(NOT MSVC)
   set(ORV_HOST_LAYOUT_FLAGS
     --target=x86_64-pc-windows-msvc -std=c++14 -fno-exceptions -fms-extensions -fno-ms-compatibility
     -fgnuc-version=12.2.0 -nostdinc++ -isystem ${ORV_WINDOWS_HEADERS}
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror -fno-strict-aliasing
     # The host's interfaces hide overloads of their bases and pass through extensions of Visual C++.
     -Wno-microsoft -Wno-overloaded-virtual
     -DUNICODE -D_UNICODE -DWINVER=0x0601 -D_WIN32_WINNT=0x0601 -DNOMINMAX -DWIN32_LEAN_AND_MEAN -DSTRICT)

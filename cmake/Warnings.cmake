@@ -6,6 +6,6 @@ if(MSVC)
   target_compile_options(orv_options INTERFACE /W4 /WX /utf-8 /EHa /GR)
 else()
   target_compile_options(orv_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror -fno-strict-aliasing)
+    "$<$<COMPILE_LANGUAGE:C,CXX>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wconversion;-Werror;-fno-strict-aliasing>")
 endif()
 target_include_directories(orv_options INTERFACE ${CMAKE_SOURCE_DIR})

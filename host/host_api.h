@@ -45,11 +45,13 @@ int orv_host_setup_float_spinner(HWND dialog, int spinner, int edit, float minim
                                  float value, float step);
 int orv_host_setup_int_spinner(HWND dialog, int spinner, int edit, int minimum, int maximum,
                                int value);
-// Value of a spinner; 0 when the control is no spinner of the host.
+// Value of a spinner; 0 when the control is no spinner of the host. Setting it tells nobody.
 float orv_host_spinner_float(HWND dialog, int spinner);
 void orv_host_set_spinner_float(HWND dialog, int spinner, float value);
+int orv_host_spinner_int(HWND dialog, int spinner);
+void orv_host_set_spinner_int(HWND dialog, int spinner, int value);
 
-// Tooltips for controls. The tips live until the object is destroyed.
+// Tooltips for controls. The tips live until the object is destroyed; null is ignored.
 void* orv_host_tooltips_create(void);
 void orv_host_tooltips_set(void* tooltips, HWND control, const wchar_t* text);
 void orv_host_tooltips_destroy(void* tooltips);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "MaxHeap.h"
+#include "base/windows.h"
 #include "utilexp.h"
 
 struct TabHdr {

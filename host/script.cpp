@@ -1,0 +1,22 @@
+// Scripts. The only source that includes the host's scripting header, which defines common words.
+#include "max.h"
+// the host's own header comes first
+#include "maxscript/maxscript.h"
+
+#include "host/host_api.h"
+#include "host/main_thread.h"
+
+int orv_host_run_script(const wchar_t* text, FPValue* result) {
+    int answer = 0;
+    // Errors go to the host's listener, where the artist can see them.
+    OnHostThread([&] { answer = ExecuteMAXScriptScript(text, FALSE, result, TRUE); });
+    return answer;
+}
+
+FPValue* orv_host_value_create(void) {
+    return new FPValue;
+}
+
+void orv_host_value_destroy(FPValue* value) {
+    delete value;
+}
