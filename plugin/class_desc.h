@@ -1,0 +1,24 @@
+// What the library tells the host about its one class.
+#pragma once
+
+#include "max.h"
+// the host's own header comes first
+#include "iparamb2.h"
+
+class Orv_RenderingClassDesc : public ClassDesc2 {
+public:
+    int IsPublic() override;
+    void* Create(BOOL loading = FALSE) override;
+    int BeginCreate(Interface* i) override;
+    int EndCreate(Interface* i) override;
+    BOOL OkToCreate(Interface* i) override;
+    const MCHAR* ClassName() override;
+    SClass_ID SuperClassID() override;
+    Class_ID ClassID() override;
+    const MCHAR* Category() override;
+    const MCHAR* InternalName() override;
+    HINSTANCE HInstance() override;
+};
+
+// The one descriptor, built when it is first asked for.
+ClassDesc2* GetOrv_RenderingDesc();

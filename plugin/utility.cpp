@@ -1,0 +1,67 @@
+#include "plugin/utility.h"
+
+#include "host/host_api.h"
+#include "notify.h"
+#include "plugin/actions.h"
+#include "plugin/ids.h"
+#include "plugin/menu.h"
+#include "resources/text.h"
+#include "resources/texts.h"
+
+namespace {
+
+// The host loads its menu file after the plug-ins have started, which replaces the menus.
+void onSystemStartup(void*, NotifyInfo*) {
+    ReinstallMenu();
+}
+
+// Titles of the menu in earlier releases; the first is today's, the last comes from the resources.
+void RemoveLeftOverMenus() {
+    RemoveMenuByTitle(loadResourceString(IDS_MENU_TITLE));
+    RemoveMenuByTitle(L"Vantrel");
+    RemoveMenuByTitle(L"OrvCloud");
+    RemoveMenuByTitle(loadResourceString(IDS_OLD_MENU_TITLE));
+}
+
+} // namespace
+
+Orv_Rendering::Orv_Rendering() {}
+
+Orv_Rendering::~Orv_Rendering() {
+    RemoveMenuByTitle(loadResourceString(IDS_MENU_TITLE));
+}
+
+DWORD Orv_Rendering::Start() {
+    RegisterNotification(onSystemStartup, this, kNotifySystemStartup);
+    orv_host_open();
+    RemoveLeftOverMenus();
+    RegisterActions(hInstance);
+    // Activated a second time on purpose: the host takes the last callback, also where an earlier
+    // release of the plug-in has registered the same table and its own callback came first.
+    if (FindActionTable())
+        ActivateActions();
+    InstallMenu();
+    return GUPRESULT_KEEP;
+}
+
+void Orv_Rendering::Stop() {
+    UnRegisterNotification(onSystemStartup, this, kNotifySystemStartup);
+    RemoveMenuByTitle(loadResourceString(IDS_MENU_TITLE));
+    orv_host_close();
+}
+
+DWORD_PTR Orv_Rendering::Control(DWORD) {
+    return 0;
+}
+
+IOResult Orv_Rendering::Save(ISave*) {
+    return IO_OK;
+}
+
+IOResult Orv_Rendering::Load(ILoad*) {
+    return IO_OK;
+}
+
+void Orv_Rendering::DeleteThis() {
+    delete this;
+}

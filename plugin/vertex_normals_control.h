@@ -1,0 +1,11 @@
+#pragma once
+
+// Exported for libraries that link against this one; the product itself does not use it.
+class VertexNormalsControl {
+public:
+    VertexNormalsControl();
+
+protected:
+    bool enabled_;
+    void* target_;
+};
