@@ -75,10 +75,10 @@ class Talker:
             self.log.write(text)
             self.errors.append(text.strip())
 
-    def wait_for(self, event_name, seconds):
-        """The first event of that name, once it has come."""
+    def wait_for(self, key, seconds, value=None):
+        """The first line that has this member, with this value if one is given, once it has come."""
         def come():
-            return next((e for e in self.events if e.get("event") == event_name), None)
+            return next((e for e in self.events if key in e and value in (None, e[key])), None)
 
         with self.changed:
             self.changed.wait_for(lambda: come() or self.ended, seconds)
@@ -87,7 +87,7 @@ class Talker:
             return event
         why = "it ended" if self.ended else f"none within {seconds} s"
         told = "; ".join(line for line in self.errors if line)
-        raise StageFailed(f"no '{event_name}' from the {self.name}: {why}" + (f" ({told})" if told else ""))
+        raise StageFailed(f"no '{value or key}' from the {self.name}: {why}" + (f" ({told})" if told else ""))
 
     def wait_for_end(self, seconds):
         """The exit code, once the program has ended."""
