@@ -28,7 +28,7 @@ run_end_commands() {
 }
 set_end_traps() {
   trap run_end_commands EXIT
-  trap 'exit 130' INT
+  trap 'echo >&2; exit 130' INT
   trap 'exit 143' TERM
   trap 'exit 129' HUP
 }
