@@ -1,13 +1,13 @@
 #include "standin/host/host.h"
 
-#include "standin/core.h"
-#include "standin/gup.h"
 #include "standin/host/file_dialog.h"
 #include "standin/host/host_services.h"
 #include "standin/host/parser_call_runner.h"
 #include "standin/host/text.h"
-#include "standin/maxutil.h"
-#include "standin/menus.h"
+#include "standin/sdk/include/standin/core.h"
+#include "standin/sdk/include/standin/gup.h"
+#include "standin/sdk/include/standin/maxutil.h"
+#include "standin/sdk/include/standin/menus.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -109,7 +109,7 @@ void Host::pump() {
 }
 
 void Host::dispatch(MSG& message) {
-    for (const HWND dialog : dialogs_) {
+    for (HWND dialog : dialogs_) {
         if (IsDialogMessageW(dialog, &message) != FALSE)
             return;
     }
@@ -179,6 +179,12 @@ void Host::unloadPlugins() {
 
 void Host::rebuildMenuBar() {
     window_.setMenuBar(BuildMenuBar(menuCommands_));
+    if (shown_)
+        tellMenuBar();
+}
+
+void Host::tellMenuBar() const {
+    Event("menu_bar").with("menus", DescribeMenuBar(window())).tell(sink_);
 }
 
 void Host::menuCommand(int id) {
@@ -254,7 +260,7 @@ bool Host::saveSceneTo(const std::wstring& path, bool clearModified, bool makeCu
 }
 
 ScriptOutcome Host::runScript(const std::wstring& text) {
-    const ScriptOutcome outcome = runner_->run(text);
+    ScriptOutcome outcome = runner_->run(text);
     if (!outcome.ok)
         listener(outcome.error);
     Event("script_run")

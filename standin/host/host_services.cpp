@@ -1,8 +1,8 @@
 #include "standin/host/host_services.h"
 
-#include "standin/core.h"
 #include "standin/host/host.h"
 #include "standin/host/text.h"
+#include "standin/sdk/include/standin/core.h"
 
 #include <algorithm>
 #include <exception>

@@ -16,7 +16,7 @@ HINSTANCE Instance() {
 }
 
 int Dpi() {
-    const HDC screen = GetDC(nullptr);
+    HDC screen = GetDC(nullptr);
     const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
     ReleaseDC(nullptr, screen);
     return dpi > 0 ? dpi : kStandardDpi;
@@ -122,7 +122,7 @@ void MainWindow::setView(const SceneView& view) {
 }
 
 void MainWindow::setMenuBar(HMENU menu) {
-    const HMENU before = GetMenu(window_);
+    HMENU before = GetMenu(window_);
     SetMenu(window_, menu);
     if (before != nullptr && before != menu)
         DestroyMenu(before);
@@ -161,7 +161,7 @@ LRESULT MainWindow::handle(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         return 1; // painting covers everything
     case WM_PAINT: {
         PAINTSTRUCT painting = {};
-        const HDC dc = BeginPaint(window, &painting);
+        HDC dc = BeginPaint(window, &painting);
         RECT area = {};
         GetClientRect(window, &area);
         paint(dc, area);

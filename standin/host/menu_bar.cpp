@@ -1,7 +1,7 @@
 #include "standin/host/menu_bar.h"
 
 #include "standin/host/text.h"
-#include "standin/menus.h"
+#include "standin/sdk/include/standin/menus.h"
 
 namespace standin {
 namespace {
@@ -41,7 +41,7 @@ void AppendItems(HMENU menu, standin_menu* model, int depth, std::vector<MenuCom
             break;
         case STANDIN_ITEM_SUB_MENU:
             if (depth < kDeepestMenu && item.sub_menu != nullptr) {
-                const HMENU below = CreatePopupMenu();
+                HMENU below = CreatePopupMenu();
                 AppendItems(below, item.sub_menu, depth + 1, commands);
                 AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(below), item.title);
             }
@@ -80,14 +80,14 @@ void EnsureFileMenu() {
 
 HMENU BuildMenuBar(std::vector<MenuCommand>& commands) {
     commands.clear();
-    const HMENU bar = CreateMenu();
+    HMENU bar = CreateMenu();
     AppendItems(bar, standin_menu_bar(), 0, commands);
     return bar;
 }
 
 Json::Value DescribeMenuBar(HWND window) {
     Json::Value menus(Json::arrayValue);
-    const HMENU bar = GetMenu(window);
+    HMENU bar = GetMenu(window);
     for (int i = 0; i < GetMenuItemCount(bar); ++i) {
         const UINT position = static_cast<UINT>(i);
         wchar_t title[256] = {};

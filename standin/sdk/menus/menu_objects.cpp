@@ -113,7 +113,12 @@ void StandinMenu::AddItem(IMenuItem* item, int position) {
 }
 
 void StandinMenu::RemoveItem(int position) {
-    delete Item(position);
+    // Taken out first: a menu that is being destroyed is no longer among those that items let go.
+    StandinItem* item = Item(position);
+    if (!item)
+        return;
+    items_.Delete(position, 1);
+    delete item;
 }
 
 void StandinMenu::RemoveItem(IMenuItem* item) {

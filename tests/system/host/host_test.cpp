@@ -1,6 +1,6 @@
 // The host without plug-ins: window, menu bar, scene, script texts from the host's libraries.
-#include "standin/core.h"
 #include "standin/host/text.h"
+#include "standin/sdk/include/standin/core.h"
 #include "tests/system/host/host_under_test.h"
 #include "tests/system/host/run_program.h"
 
@@ -148,7 +148,7 @@ TEST_F(HostAlone, StopsTwiceAndStartsAgain) {
 TEST_F(HostAlone, SurvivesStrangeMessages) {
     HostUnderTest host(options);
     ASSERT_TRUE(host->start());
-    const HWND window = host->window();
+    HWND window = host->window();
     for (const WPARAM command : {0, 1, 999, 1006, 65535})
         SendMessageW(window, WM_COMMAND, command, 0);
     SendMessageW(window, WM_COMMAND, 1000, reinterpret_cast<LPARAM>(window));

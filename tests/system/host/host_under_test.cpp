@@ -60,7 +60,7 @@ std::vector<std::wstring> HostUnderTest::menu(const std::wstring& title) const {
 }
 
 bool HostUnderTest::choose(const std::wstring& menuTitle, const std::wstring& entry) {
-    const HMENU menu = PullDown(GetMenu(host_->window()), menuTitle);
+    HMENU menu = PullDown(GetMenu(host_->window()), menuTitle);
     for (int i = 0; menu != nullptr && i < GetMenuItemCount(menu); ++i) {
         if (ItemText(menu, i) == entry) {
             SendMessageW(host_->window(), WM_COMMAND, GetMenuItemID(menu, i), 0);

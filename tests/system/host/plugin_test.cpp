@@ -1,7 +1,7 @@
 // The product's library in the host: loading, the menu, starting and stopping many times.
-#include "standin/core.h"
-#include "standin/maxutil.h"
-#include "standin/menus.h"
+#include "standin/sdk/include/standin/core.h"
+#include "standin/sdk/include/standin/maxutil.h"
+#include "standin/sdk/include/standin/menus.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/system/host/host_under_test.h"
 #include "tests/system/host/process_counts.h"
@@ -206,8 +206,9 @@ TEST_P(RefusedLibraries, AreToldAndDoNotKeepTheOthersOut) {
 
 INSTANTIATE_TEST_SUITE_P(
     Libraries, RefusedLibraries,
-    ::testing::Values(RefusedLibrary{L"refused\\wrong_version.gup", "LibVersion"},
-                      RefusedLibrary{L"refused\\no_class_descriptor.gup", "LibClassDesc"},
-                      RefusedLibrary{L"refused\\will_not_initialise.gup", "LibInitialize"}));
+    ::testing::Values(RefusedLibrary{L"refused\\wrong_version.gup", "0x52083401"},
+                      RefusedLibrary{L"refused\\no_class_descriptor.gup",
+                                     "does not export LibClassDesc"},
+                      RefusedLibrary{L"refused\\will_not_initialise.gup", "LibInitialize failed"}));
 
 } // namespace

@@ -43,8 +43,8 @@ TEST(ProcessCounters, SeeThreads) {
 
 TEST(ProcessCounters, SeeWindows) {
     const int before = CountProcess().windows;
-    const HWND window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr,
-                                        nullptr, nullptr);
+    HWND window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr,
+                                  nullptr, nullptr);
     EXPECT_GT(CountProcess().windows, before);
     DestroyWindow(window);
 }
