@@ -97,9 +97,9 @@ StandinMenu::StandinMenu() {
 }
 
 StandinMenu::~StandinMenu() {
-    Remove(liveMenus, static_cast<const StandinMenu*>(this));
     while (items_.Count() > 0)
-        RemoveItem(0);
+        RemoveItem(0); // an item leaves the live menus, of which this still is one
+    Remove(liveMenus, static_cast<const StandinMenu*>(this));
 }
 
 // A menu owns its items; an item is in one place only.

@@ -1,0 +1,37 @@
+// A host without a window: what the plug-in asks of it is recorded and answered from fields.
+#pragma once
+
+#include "base/noncopyable.h"
+#include "standin/core.h"
+
+#include <string>
+#include <vector>
+
+namespace orv {
+namespace test {
+
+// The one host of the process while it lives. No menus, tables or notifications are left from
+// earlier ones, and none of its own stay.
+class TestHost : private rud_Noncopyable {
+public:
+    TestHost();
+    ~TestHost();
+
+    HWND mainWindow = ::GetDesktopWindow();
+    std::wstring sceneFileName = L"loft.max";
+    std::wstring sceneFilePath = L"C:\\scenes\\loft.max";
+    std::wstring folder = L"C:\\host";
+    int saved = 1;        // answer to every saving
+    int scriptAnswer = 1; // answer to every script
+    standin_value scriptResult = {STANDIN_VALUE_NONE, 0, 0.0, nullptr};
+
+    // Every call in order, as "name(arguments)".
+    std::vector<std::wstring> calls;
+    // The thread of every call, in the same order.
+    std::vector<DWORD> threads;
+
+    void record(const std::wstring& call);
+};
+
+} // namespace test
+} // namespace orv
