@@ -12,7 +12,7 @@ import random
 SCENE_BYTES = 40 * 1000 * 1000
 PAGE = 4096
 # Shares of a scene file: geometry, structure that repeats itself, images and other packed data.
-GEOMETRY, STRUCTURE, PACKED = 45, 25, 30
+GEOMETRY, STRUCTURE, PACKED = 45, 40, 15
 
 SCENE_NAME = "客厅 夜景 v12"
 SCENE_FOLDER = ("工作室 项目", "海边别墅 A 方案")
@@ -106,6 +106,6 @@ def write_sample(folder, windows_folder):
     folder.mkdir(parents=True, exist_ok=True)
     scene = folder / f"{SCENE_NAME}.max"
     write_scene(scene)
-    beside = scene.with_suffix(".json")
+    beside = folder / f"{scene.name}.json"
     beside.write_text(json.dumps(description(windows_folder), ensure_ascii=False, indent=2), "utf-8")
     return scene

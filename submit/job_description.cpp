@@ -8,6 +8,7 @@
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "submit/dialog_input/dialog_controls.h"
+#include "submit/paths.h"
 
 #include <cstdio>
 #include <json/value.h>
@@ -131,6 +132,8 @@ using TextFile = std::unique_ptr<std::FILE, CloseFile>;
 // Text mode, so that every line ends with CR LF. Others may read and write the file meanwhile: the
 // client watches the folder.
 bool WriteTextFile(const std::wstring& path, const std::string& text) {
+    if (path.size() > kLongestPath)
+        return false;
     TextFile file(::_wfsopen(path.c_str(), L"wt", _SH_DENYNO));
     if (!file)
         return false;

@@ -5,6 +5,8 @@
 build_dir=$root/build
 work_dir=$build_dir/work
 export PYTHONDONTWRITEBYTECODE=1
+# File names and texts are UTF-8 wherever this runs; Wine, too, takes its file names from it.
+export LC_ALL=C.UTF-8
 
 say() { printf -- '-- %s\n' "$*"; }
 
@@ -26,7 +28,7 @@ run_end_commands() {
 }
 set_end_traps() {
   trap run_end_commands EXIT
-  trap 'exit 130' INT
+  trap 'echo >&2; exit 130' INT
   trap 'exit 143' TERM
   trap 'exit 129' HUP
 }

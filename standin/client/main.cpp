@@ -35,7 +35,7 @@ int Run() {
     standin::Options options;
     std::string problem;
     if (!standin::ParseOptions(Arguments(), options, problem)) {
-        std::fprintf(stderr, "%s\n\n%s", problem.c_str(), standin::Usage());
+        std::fprintf(stderr, "%s Run with --help to see the options.\n", problem.c_str());
         return kWrongUsage;
     }
     if (options.help) {

@@ -1,0 +1,87 @@
+#include "client/tcp_exchange.h"
+
+#include "analysis/text/text_convert.h"
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+
+namespace orv {
+
+namespace {
+
+// The client's whole reply, status line and headers included. It answers in a few hundred bytes.
+constexpr int kReplySize = 2048;
+
+// Connecting and receiving have always been logged in the same words.
+constexpr char kConnectError[] = "connect error, Error Code is: ";
+
+ExchangeFailure FailureOf(const std::string& logText, DWORD code) {
+    return {logText + std::to_string(code), code};
+}
+
+} // namespace
+
+bool OpenSocket(SocketHandle& socket, ExchangeFailure& failure) {
+    socket.reset(::socket(AF_INET, SOCK_STREAM, 0));
+    const DWORD code = ::GetLastError();
+    if (socket)
+        return true;
+    failure = FailureOf("Create socket error, Error Code is: ", code);
+    return false;
+}
+
+bool Connect(SOCKET socket, const ClientLink& link, ExchangeFailure& failure) {
+    // Cut to sixteen bits, such a number would name the port of some other program.
+    if (link.port < 1 || link.port > (std::numeric_limits<std::uint16_t>::max)()) {
+        failure = FailureOf(kConnectError, WSAEADDRNOTAVAIL);
+        return false;
+    }
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = ::inet_addr(WideToUtf8(link.host).c_str());
+    address.sin_port = ::htons(static_cast<u_short>(link.port));
+    const int result =
+        ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address));
+    const DWORD code = ::GetLastError();
+    if (result == 0)
+        return true;
+    failure = FailureOf(kConnectError, code);
+    return false;
+}
+
+bool SendAll(SOCKET socket, const std::string& bytes, ExchangeFailure& failure) {
+    constexpr std::size_t kLargestStep = (std::numeric_limits<int>::max)();
+    std::size_t sent = 0;
+    while (sent < bytes.size()) {
+        const std::size_t step = (std::min)(bytes.size() - sent, kLargestStep);
+        ::SetLastError(0); // so that the code of a step that sends nothing is not an older one
+        const int result = ::send(socket, bytes.data() + sent, static_cast<int>(step), 0);
+        const DWORD code = ::GetLastError();
+        if (result <= 0) {
+            failure = FailureOf("send error send_size:" + std::to_string(sent) + " total_size:" +
+                                    std::to_string(bytes.size()) + ", Error Code is: ",
+                                code);
+            return false;
+        }
+        sent += static_cast<std::size_t>(result);
+    }
+    return true;
+}
+
+// One read and no more: the client sends its reply in one piece, and nothing in it is relied upon
+// to tell where it ends.
+bool ReceiveOnce(SOCKET socket, std::string& reply, ExchangeFailure& failure) {
+    const std::unique_ptr<char[]> buffer(new char[kReplySize]);
+    ::SetLastError(0); // a connection that was closed in order sets no code of its own
+    const int received = ::recv(socket, buffer.get(), kReplySize, 0);
+    const DWORD code = ::GetLastError();
+    if (received <= 0) {
+        failure = FailureOf(kConnectError, code);
+        return false;
+    }
+    reply.assign(buffer.get(), static_cast<std::size_t>(received));
+    return true;
+}
+
+} // namespace orv

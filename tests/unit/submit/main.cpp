@@ -1,0 +1,11 @@
+#include "client/winsock_session.h"
+#include "resources/text.h"
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    hInstance = ::GetModuleHandleW(nullptr); // the test program carries the language resources
+    const orv::WinsockSession network;
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,99 @@
+#include "submit/scene_save.h"
+
+#include "resources/controls.h"
+#include "tests/support/product_folder.h"
+#include "tests/unit/submit/test_dialog.h"
+#include "tests/unit/support_host/fake_host.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace orv {
+namespace test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class SceneSave : public ::testing::Test {
+protected:
+    SceneSave() { host_.sceneFilePath = L"D:\\work\\room.max"; }
+
+    std::string save(const std::string& fileName) {
+        return SaveSceneAs(analysis_, dialog_.control(IDC_SCENE_NAME), fileName);
+    }
+
+    TestProductFolder product_;
+    FakeHost host_;
+    TestDialog dialog_;
+    SceneAnalysis analysis_;
+};
+
+TEST_F(SceneSave, SavesBesideTheOpenSceneUnderTheTypedName) {
+    EXPECT_EQ(save("shot.max"), "D:\\work\\shot.max");
+    EXPECT_THAT(host_.savedPaths(), ElementsAre(L"D:\\work\\shot.max"));
+    EXPECT_EQ(analysis_.recordedSceneName, "shot.max");
+    EXPECT_EQ(analysis_.sceneFilePath, "D:\\work\\room.max")
+        << "the scene as it was before its first save";
+}
+
+TEST_F(SceneSave, TakesAChineseName) {
+    EXPECT_EQ(save("\xE5\x9C\xBA\xE6\x99\xAF.max"), "D:\\work\\\xE5\x9C\xBA\xE6\x99\xAF.max");
+    EXPECT_THAT(host_.savedPaths(), ElementsAre(L"D:\\work\\\x573A\x666F.max"));
+}
+
+TEST_F(SceneSave, SavesNothingUnderTheRecordedName) {
+    ASSERT_EQ(save("shot.max"), "D:\\work\\shot.max");
+    EXPECT_EQ(save("shot.max"), "D:\\work\\shot.max");
+    EXPECT_EQ(host_.savedPaths().size(), 1U);
+    EXPECT_EQ(save("Shot.max"), "D:\\work\\Shot.max") << "names are compared byte for byte";
+    EXPECT_EQ(host_.savedPaths().size(), 2U);
+    EXPECT_EQ(analysis_.sceneFilePath, "D:\\work\\room.max")
+        << "recorded before the first save only";
+}
+
+TEST_F(SceneSave, KeepsTheScenesNameWhenNoneIsTyped) {
+    EXPECT_EQ(save(""), "D:\\work\\room.max");
+    EXPECT_THAT(host_.savedPaths(), IsEmpty());
+    EXPECT_EQ(dialog_.text(IDC_SCENE_NAME), L"room");
+}
+
+TEST_F(SceneSave, CutsTheFolderAtTheLastSlashBeforeAnyBackslash) {
+    host_.sceneFilePath = L"D:/work\\room.max";
+    EXPECT_EQ(save("shot.max"), "D:/shot.max");
+    host_.sceneFilePath = L"D:\\work/sub/room.max";
+    EXPECT_EQ(save("other.max"), "D:\\work/sub/other.max");
+}
+
+TEST_F(SceneSave, SavesAgainAfterTheHostRefused) {
+    host_.onSaveTo = [](const std::wstring&) { return false; };
+    EXPECT_EQ(save("shot.max"), "");
+    EXPECT_EQ(analysis_.recordedSceneName, "");
+    EXPECT_NE(product_.log(L"rud_data").find("[ERROR] Save scene to D:\\work\\shot.max failed."),
+              std::string::npos);
+    host_.onSaveTo = nullptr;
+    EXPECT_EQ(save("shot.max"), "D:\\work\\shot.max");
+    EXPECT_EQ(host_.savedPaths().size(), 2U);
+}
+
+TEST_F(SceneSave, LeavesASceneAloneThatWasNeverSaved) {
+    host_.sceneFilePath.clear();
+    dialog_.setText(IDC_SCENE_NAME, L"shot");
+    EXPECT_EQ(save("shot.max"), "");
+    EXPECT_THAT(host_.savedPaths(), IsEmpty());
+    EXPECT_EQ(dialog_.text(IDC_SCENE_NAME), L"shot");
+    EXPECT_NE(product_.log(L"rud_data").find("the scene has no file yet"), std::string::npos);
+    EXPECT_EQ(save(""), "");
+}
+
+TEST_F(SceneSave, RefusesAPathThatWindowsCannotTake) {
+    const std::string longest(259 - std::string("D:\\work\\.max").size(), 'n');
+    EXPECT_EQ(save(longest + ".max"), "D:\\work\\" + longest + ".max");
+    EXPECT_EQ(save(longest + "n.max"), "");
+    EXPECT_EQ(host_.savedPaths().size(), 1U);
+    EXPECT_NE(product_.log(L"rud_data").find("the path is too long"), std::string::npos);
+}
+
+} // namespace
+} // namespace test
+} // namespace orv

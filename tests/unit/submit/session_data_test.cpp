@@ -1,0 +1,131 @@
+#include "submit/session_data.h"
+
+#include "base/handles.h"
+#include "tests/support/product_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace orv {
+namespace test {
+namespace {
+
+constexpr wchar_t kUserName[] = L"TALVEKRO_USERNAME_DATA";
+constexpr wchar_t kSavePath[] = L"TALVEKRO_PLUGIN_SAVE_PATH";
+
+// A section as the client makes it: named, as large as it wants, filled with `bytes`.
+FileMappingHandle MakeSection(const wchar_t* name, const std::string& bytes, DWORD size) {
+    FileMappingHandle section(
+        ::CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, size, name));
+    const MappedView view(::MapViewOfFile(section.get(), FILE_MAP_WRITE, 0, 0, 0));
+    std::memcpy(view.get(), bytes.data(), bytes.size());
+    return section;
+}
+
+FileMappingHandle MakeTextSection(const wchar_t* name, const std::string& text) {
+    return MakeSection(name, text + '\0', 8192);
+}
+
+class Session : public ::testing::Test {
+protected:
+    SessionData read() const {
+        SessionData data;
+        data.userName = L"before";
+        data.savePath = L"before";
+        data.savePathBytes = "before";
+        readSessionData(data);
+        return data;
+    }
+
+    TestProductFolder product_;
+};
+
+TEST_F(Session, LeavesTheRecordAloneWithoutSections) {
+    SessionData data = read();
+    EXPECT_EQ(data.userName, L"before");
+    EXPECT_EQ(data.savePath, L"before");
+    EXPECT_FALSE(data.present);
+    data.present = true;
+    readSessionData(data);
+    EXPECT_TRUE(data.present) << "it keeps its value";
+    EXPECT_EQ(product_.log(L"rud_data").find("Session data"), std::string::npos)
+        << "the normal case";
+}
+
+TEST_F(Session, TakesTheUserNameAlone) {
+    const FileMappingHandle user = MakeTextSection(kUserName, "anna");
+    const SessionData data = read();
+    EXPECT_EQ(data.userName, L"anna");
+    EXPECT_EQ(data.savePath, L"before");
+    EXPECT_FALSE(data.present);
+}
+
+TEST_F(Session, DoesNotLookForTheSavePathWithoutAUserName) {
+    const FileMappingHandle path = MakeTextSection(kSavePath, "D:\\out");
+    const SessionData data = read();
+    EXPECT_EQ(data.savePath, L"before");
+    EXPECT_FALSE(data.present);
+}
+
+TEST_F(Session, TakesBothAsUtf8) {
+    const std::string name = "\xE5\xB0\x8F\xE6\x98\x8E \xF0\x9F\x8E\xA5";
+    const std::string path = "D:\\\xE8\xBE\x93\xE5\x87\xBA";
+    const FileMappingHandle userSection = MakeTextSection(kUserName, name);
+    const FileMappingHandle pathSection = MakeTextSection(kSavePath, path);
+    const SessionData data = read();
+    EXPECT_EQ(data.userName, L"\x5C0F\x660E \xD83C\xDFA5");
+    EXPECT_EQ(data.savePath, L"D:\\\x8F93\x51FA");
+    EXPECT_EQ(data.savePathBytes, path);
+    EXPECT_TRUE(data.present);
+}
+
+TEST_F(Session, TakesEmptyValues) {
+    const FileMappingHandle user = MakeTextSection(kUserName, "");
+    const FileMappingHandle path = MakeTextSection(kSavePath, "");
+    const SessionData data = read();
+    EXPECT_EQ(data.userName, L"");
+    EXPECT_EQ(data.savePath, L"");
+    EXPECT_EQ(data.savePathBytes, "");
+    EXPECT_TRUE(data.present);
+}
+
+TEST_F(Session, TakesAValueOf4095BytesAndNoLongerOne) {
+    {
+        const FileMappingHandle user = MakeTextSection(kUserName, std::string(4095, 'u'));
+        EXPECT_EQ(read().userName, std::wstring(4095, L'u'));
+    }
+    const FileMappingHandle user = MakeTextSection(kUserName, std::string(4096, 'u'));
+    EXPECT_EQ(read().userName, L"before");
+    EXPECT_NE(product_.log(L"rud_data").find("no zero byte"), std::string::npos);
+}
+
+TEST_F(Session, StaysWithinASectionOfOnePageWithoutAZeroByte) {
+    const FileMappingHandle user = MakeSection(kUserName, std::string(4096, 'u'), 4096);
+    const FileMappingHandle path = MakeTextSection(kSavePath, "D:\\out");
+    const SessionData data = read();
+    EXPECT_EQ(data.userName, L"before");
+    EXPECT_FALSE(data.present);
+    EXPECT_NE(product_.log(L"rud_data").find("no zero byte"), std::string::npos);
+}
+
+TEST_F(Session, RefusesWhatIsNotUtf8) {
+    const FileMappingHandle user = MakeTextSection(kUserName, "anna");
+    const FileMappingHandle path = MakeTextSection(kSavePath, "D:\\\xFF\xFE");
+    const SessionData data = read();
+    EXPECT_EQ(data.savePath, L"before");
+    EXPECT_EQ(data.savePathBytes, "before");
+    EXPECT_FALSE(data.present);
+    EXPECT_NE(product_.log(L"rud_data").find("not UTF-8"), std::string::npos);
+}
+
+TEST_F(Session, IsReadAnewEachTime) {
+    EXPECT_FALSE(read().present);
+    const FileMappingHandle user = MakeTextSection(kUserName, "anna");
+    const FileMappingHandle path = MakeTextSection(kSavePath, "D:\\out");
+    EXPECT_TRUE(read().present);
+}
+
+} // namespace
+} // namespace test
+} // namespace orv

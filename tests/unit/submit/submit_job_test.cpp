@@ -1,0 +1,174 @@
+// A submission from the dialog to the client, with the real archiver and real sockets.
+#include "tests/unit/submit/submission_test.h"
+
+#include "analysis/text/text_convert.h"
+#include "submit/archive_password.h"
+#include "submit/paths.h"
+#include "tests/support/message_box_watcher.h"
+#include "tests/unit/submit/reply_server.h"
+
+#include <gmock/gmock.h>
+#include <json/reader.h>
+
+namespace orv {
+namespace test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+Json::Value Parsed(const std::string& text) {
+    Json::Value value;
+    EXPECT_TRUE(Json::Reader().parse(text, value)) << text;
+    return value;
+}
+
+class SubmitJobTest : public SubmissionTest {
+protected:
+    // Submits to a client that answers with this code; the request that it got is left in
+    // `request_`.
+    std::int32_t submitAnswered(int code) {
+        ReplyServer client("{\"ret\":" + std::to_string(code) + "}");
+        usePort(client.port());
+        MessageBoxWatcher watcher;
+        const std::int32_t result = submit();
+        boxes_ = watcher.stop();
+        request_ = Parsed(client.requestBody());
+        return result;
+    }
+
+    std::wstring requestPath(const char* member) const {
+        return Utf8ToWide(request_[member].asString());
+    }
+    Json::Value job() const { return Parsed(ReadFileBytes(requestPath("filePath"))); }
+
+    Json::Value request_;
+    std::vector<SeenMessageBox> boxes_;
+};
+
+TEST_F(SubmitJobTest, HandsTheSceneToTheClientAndClosesTheDialog) {
+    InstallArchiver();
+    EXPECT_EQ(submitAnswered(10001), kSubmitEnded);
+    EXPECT_EQ(boxes_.size(), 1U) << "the client's answer";
+    EXPECT_TRUE(dialog_.waitForEnd());
+    EXPECT_EQ(dialog_.result(), 0);
+    EXPECT_THAT(host_.savedPaths(), ElementsAre(folder_.file(L"shot.max")));
+
+    EXPECT_EQ(requestPath("scenePath"), folder_.file(L"shot.max"));
+    EXPECT_EQ(FolderPart(requestPath("filePath")), outputFolder() + L"/json/");
+    EXPECT_EQ(FolderPart(requestPath("compressPath")), outputFolder() + L"/compress/");
+    EXPECT_EQ(request_["maxVersion"].asString(), "3ds Max 21000");
+
+    const TemporaryFolder out;
+    ASSERT_TRUE(Unpack(requestPath("compressPath"), ArchivePassword("shot"), out.path()));
+    EXPECT_EQ(ReadFileBytes(out.file(L"shot.max")), kSceneBytes);
+}
+
+TEST_F(SubmitJobTest, DescribesTheCheckedCameras) {
+    submitAnswered(10001);
+    const Json::Value cameras = job()["cameras"];
+    ASSERT_EQ(cameras.size(), 2U);
+    EXPECT_EQ(cameras[0]["name"].asString(), "Cam");
+    EXPECT_EQ(cameras[1]["name"].asString(), "\xE7\x9B\xB8\xE6\x9C\xBA");
+}
+
+TEST_F(SubmitJobTest, CollectsTheOptionsOfTheDialog) {
+    for (const int box : {IDC_COLOR_CHANNEL, IDC_AO_CHANNEL, IDC_MATERIAL_CHANNEL, IDC_GI_CHANNEL,
+                          IDC_PSD_CHANNEL, IDC_SAVE_SCENE_FILE})
+        dialog_.check(box);
+    dialog_.setText(IDC_AO_RADIUS, L"12.5");
+    dialog_.setText(IDC_AO_SUBDIVS, L"24.9");
+    dialog_.setText(IDC_GAMMA, L"1.5");
+    dialog_.select(IDC_GI_SCALE, 2);
+    data_.analysis.irradmapMinRate = -3;
+    submitAnswered(10001);
+    const Json::Value options = job()["max_options"];
+    EXPECT_TRUE(options["color_channel"].asBool());
+    EXPECT_TRUE(options["mtl_channel"].asBool());
+    EXPECT_EQ(options["psd_channel"].asString(), "1");
+    EXPECT_EQ(options["ao_radius"].asDouble(), 12.5);
+    EXPECT_EQ(options["ao_subdivs"].asInt(), 24);
+    EXPECT_EQ(options["gamma_out"].asDouble(), 1.5);
+    EXPECT_EQ(options["gi_image_scale"].asString(), "33%");
+    EXPECT_EQ(options["gi_irradmap_minRate"].asInt(), -5);
+    EXPECT_EQ(request_["PLUGIN_SAVE_SCENE_FILE"].asUInt(), 1U);
+}
+
+TEST_F(SubmitJobTest, TakesNoSelectedScaleForTheWholeSize) {
+    dialog_.check(IDC_GI_CHANNEL);
+    submitAnswered(10001);
+    const Json::Value options = job()["max_options"];
+    EXPECT_EQ(options["gi_image_scale"].asString(), "100%");
+    EXPECT_EQ(options["gi_irradmap_minRate"].asInt(), 1) << "the index -1 raises the rates";
+}
+
+TEST_F(SubmitJobTest, TakesTheCoronaLimitsOfTheDialog) {
+    data_.analysis.coronaState = CoronaLimitState::NothingLimited;
+    dialog_.setText(IDC_PASS_LIMIT, L"12.9");
+    dialog_.setText(IDC_TIME_LIMIT, L"1.5");
+    dialog_.setText(IDC_NOISE_LEVEL, L"5");
+    submitAnswered(10001);
+    const Json::Value corona = job()["corona_options"];
+    EXPECT_EQ(corona["CoronaPassLimit"].asInt(), 12);
+    EXPECT_EQ(corona["CoronaTimeLimit"].asInt(), 5400);
+    EXPECT_DOUBLE_EQ(corona["CoronaNoiseLevelLimit"].asDouble(), 0.05);
+    EXPECT_DOUBLE_EQ(data_.analysis.coronaTimeLimitHours, 1.5);
+}
+
+TEST_F(SubmitJobTest, KeepsTheAnalysedCoronaLimitsWhenTheDialogHasNone) {
+    data_.analysis.coronaState = CoronaLimitState::Limited;
+    data_.analysis.coronaPassLimit = 77;
+    submitAnswered(10001);
+    EXPECT_EQ(job()["corona_options"]["CoronaPassLimit"].asInt(), 77);
+    EXPECT_TRUE(data_.analysis.useCorona);
+}
+
+TEST_F(SubmitJobTest, KeepsTheScenesNameWhenNoneIsTyped) {
+    dialog_.setText(IDC_SCENE_NAME, L"");
+    submitAnswered(10001);
+    EXPECT_THAT(host_.savedPaths(), IsEmpty());
+    EXPECT_EQ(requestPath("scenePath"), folder_.file(L"room.max"));
+    EXPECT_EQ(FolderPart(requestPath("filePath")), folder_.file(L"room_plugin_output") + L"/json/");
+}
+
+TEST_F(SubmitJobTest, TakesATypedExtensionForTheScenesOwn) {
+    dialog_.setText(IDC_SCENE_NAME, L"shot.MAX");
+    submitAnswered(10001);
+    EXPECT_EQ(requestPath("scenePath"), folder_.file(L"shot.max"));
+}
+
+TEST_F(SubmitJobTest, BacksTheSceneUpForTheLengthOfItsCleaning) {
+    dialog_.check(IDC_BACK_UP_SCENE);
+    std::vector<std::size_t> filesDuringScripts;
+    host_.onScript = [&](const std::wstring&) {
+        filesDuringScripts.push_back(ListFolder(folder_.path()).size());
+        return 1;
+    };
+    submitAnswered(10001);
+    // room.max, shot.max, the output folder and the backup
+    EXPECT_THAT(filesDuringScripts, ElementsAre(4U, 4U, 4U));
+    EXPECT_EQ(ListFolder(folder_.path()).size(), 3U);
+    EXPECT_NE(log().find(" Success!"), std::string::npos);
+}
+
+TEST_F(SubmitJobTest, RunsNoCleaningScriptsWithoutBeingAsked) {
+    submitAnswered(10001);
+    EXPECT_THAT(host_.scripts(), IsEmpty());
+    EXPECT_EQ(log().find("Backup file"), std::string::npos);
+}
+
+TEST_F(SubmitJobTest, LeavesTheDialogOpenWhenTheClientRefuses) {
+    EXPECT_EQ(submitAnswered(10009), kSubmitEnded);
+    EXPECT_EQ(boxes_.size(), 1U);
+    EXPECT_TRUE(dialog_.isOpen());
+}
+
+TEST_F(SubmitJobTest, SubmitsAlthoughTheArchiverIsMissing) {
+    EXPECT_EQ(submitAnswered(10001), kSubmitEnded);
+    EXPECT_FALSE(PathExists(requestPath("compressPath")));
+    EXPECT_NE(log().find("[ERROR] Pack scene: start of the archiver"), std::string::npos);
+}
+
+} // namespace
+} // namespace test
+} // namespace orv
