@@ -15,6 +15,7 @@
 
 // Main dialog.
 #define IDC_BACK_UP_SCENE 1000 // and clean it of script viruses
+#define IDC_REMEMBER 1001 // the options below in the settings file
 #define IDC_SAVE_SCENE_FILE 1002
 #define IDC_ANALYSE_AGAIN 1004
 #define IDC_SUBMIT 1005
@@ -22,6 +23,10 @@
 #define IDC_WARNINGS 1019
 #define IDC_INVERT_SELECTION 1028
 #define IDC_SELECT_ALL 1029
+#define IDC_NO_BLOCKS 1030
+#define IDC_THREE_BLOCKS 1031
+#define IDC_SIX_BLOCKS 1032
+#define IDC_DISTRIBUTED_BLOCKS 1033
 #define IDC_SCENE_NAME 1036
 #define IDC_AO_SUBDIVS 1037
 #define IDC_GAMMA 1039

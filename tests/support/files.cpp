@@ -105,8 +105,9 @@ bool DeleteTree(const std::wstring& path) {
         return false;
     }
     bool complete = true;
+    const std::wstring prefix = path + L"\\";
     for (const std::wstring& name : ListFolder(path))
-        complete = DeleteTree(path + L"\\" + name) && complete;
+        complete = DeleteTree(prefix + name) && complete;
     return ::RemoveDirectoryW(path.c_str()) && complete;
 }
 
