@@ -82,6 +82,28 @@ TEST_F(PluginDataTest, KeepsLinesOfSeveralThreadsWhole) {
     }
 }
 
+// Without turns, two threads would both find the file full and rename it, and lines would be lost.
+TEST_F(PluginDataTest, LosesNoLineWhenThreadsMeetAtTheLimit) {
+    constexpr std::size_t kThreads = 4;
+    constexpr std::size_t kLines = 30;
+    const std::string message(65536, 'x'); // 7.5 MiB in all: the log is renamed once
+    std::vector<std::thread> threads;
+    for (std::size_t i = 0; i < kThreads; ++i) {
+        threads.emplace_back([this, &message] {
+            for (std::size_t line = 0; line < kLines; ++line)
+                data.writeLog(kInfo, message);
+        });
+    }
+    for (std::thread& thread : threads)
+        thread.join();
+
+    const std::string all = product.log(L"rud_data1") + product.log(L"rud_data");
+    EXPECT_EQ(std::count(all.begin(), all.end(), '\n'),
+              static_cast<std::ptrdiff_t>(kThreads * kLines));
+    EXPECT_EQ(std::count(all.begin(), all.end(), 'x'),
+              static_cast<std::ptrdiff_t>(kThreads * kLines * message.size()));
+}
+
 TEST(ConfigManager, IsOneObjectThatCannotBeCopied) {
     EXPECT_EQ(&OrvRenderingConfigMgr::instance(), &OrvRenderingConfigMgr::instance());
     EXPECT_FALSE(std::is_copy_constructible<OrvRenderingConfigMgr>::value);
