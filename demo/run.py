@@ -151,7 +151,8 @@ class Demo:
         self.check(request, scene, scene_path)
 
     def open_menu(self, host, title):
-        menus = host.wait_for("event", 10, "menu_bar")["menus"]
+        host.wait_for("event", 10, "menu_bar")
+        menus = host.latest("event", "menu_bar")["menus"]
         entry = next((m for m in menus if m["title"].replace("&", "") == title), None)
         check_job.need(entry, f"the menu bar has no '{title}'")
         self.desktop.click_middle(entry["rect"])

@@ -89,6 +89,11 @@ class Talker:
         told = "; ".join(line for line in self.errors if line)
         raise StageFailed(f"no '{value or key}' from the {self.name}: {why}" + (f" ({told})" if told else ""))
 
+    def latest(self, key, value):
+        """The last line until now that has this member with this value, or None."""
+        with self.changed:
+            return next((e for e in reversed(self.events) if e.get(key) == value), None)
+
     def wait_for_end(self, seconds):
         """The exit code, once the program has ended."""
         try:
