@@ -89,7 +89,7 @@ class Demo:
         with self.stage("client"):
             client = self.start("client", wine(
                 BIN / "standin-client.exe", "--requests", 1, "--record", windows_path(REQUEST)))
-            port = client.wait_for("listening", 20)["port"]
+            port = client.wait_for("listening", 20)["listening"]
             install_product(port)
 
         with self.stage("host"):
