@@ -18,7 +18,7 @@ enum ReplyCodes : int {
     kOwnWords = 10010,
 };
 
-constexpr LONGLONG kLargestJobFile = 64 * 1024 * 1024;
+constexpr LONGLONG kLargestJobFile = LONGLONG{64} * 1024 * 1024;
 
 struct Member {
     const char* name;
@@ -113,24 +113,24 @@ bool HasBareLineFeed(const std::string& text) {
 
 void CheckJobText(const std::string& text, const Json::Value& job, JobCheck& check) {
     if (text.compare(0, 3, "\xEF\xBB\xBF") == 0)
-        check.problems.push_back("the job file begins with a byte-order mark");
+        check.problems.emplace_back("the job file begins with a byte-order mark");
     if (HasBareLineFeed(text))
-        check.problems.push_back("the job file has a line that does not end in CR LF");
+        check.problems.emplace_back("the job file has a line that does not end in CR LF");
     CheckMembers(job, kJobMembers, "the job file", check.problems);
     if (job["name"] != check.body["scenePath"])
-        check.problems.push_back("the job file's \"name\" is not the request's \"scenePath\"");
+        check.problems.emplace_back("the job file's \"name\" is not the request's \"scenePath\"");
     if (job.isMember("errors"))
-        check.problems.push_back("the job file still has \"errors\"");
+        check.problems.emplace_back("the job file still has \"errors\"");
     if (job.isMember("cameras")) {
         if (!job["cameras"].isArray() || job["cameras"].empty())
-            check.problems.push_back("the job file's \"cameras\" is no list of cameras");
+            check.problems.emplace_back("the job file's \"cameras\" is no list of cameras");
         else
             for (const Json::Value& camera : job["cameras"]) {
                 if (camera.isObject())
                     CheckMembers(camera, kCameraMembers, "a camera of the job file",
                                  check.problems);
                 else
-                    check.problems.push_back("a camera of the job file is no object");
+                    check.problems.emplace_back("a camera of the job file is no object");
             }
     }
     for (const char* name : kShownMembers) {
@@ -143,7 +143,7 @@ void CheckJobFile(JobCheck& check) {
     LONGLONG size = 0;
     const orv::FileHandle file = Open(TextOf(check.body, "filePath"), check.jobFile, size);
     if (!file) {
-        check.problems.push_back("the job file cannot be opened");
+        check.problems.emplace_back("the job file cannot be opened");
         check.replyCode = kJobFileMissing;
         return;
     }
@@ -151,7 +151,7 @@ void CheckJobFile(JobCheck& check) {
         Read(file, static_cast<std::size_t>((std::min)(size, kLargestJobFile)));
     Json::Value job;
     if (!ParseJson(text, job)) {
-        check.problems.push_back("the job file is no JSON object");
+        check.problems.emplace_back("the job file is no JSON object");
         check.replyCode = kJobFileUnreadable;
         return;
     }
@@ -162,13 +162,13 @@ void CheckArchive(JobCheck& check) {
     LONGLONG size = 0;
     const orv::FileHandle file = Open(TextOf(check.body, "compressPath"), check.archive, size);
     if (!file) {
-        check.problems.push_back("the archive cannot be opened");
+        check.problems.emplace_back("the archive cannot be opened");
         return;
     }
     const bool is7z = Read(file, 6) == "7z\xBC\xAF\x27\x1C";
     check.archive["is_7z"] = is7z;
     if (!is7z)
-        check.problems.push_back("the archive does not begin as a 7z archive does");
+        check.problems.emplace_back("the archive does not begin as a 7z archive does");
 }
 
 } // namespace
@@ -178,7 +178,7 @@ JobCheck CheckJob(const std::string& body) {
     check.replyCode = kAccepted;
     if (!ParseJson(body, check.body)) {
         check.body = Json::nullValue;
-        check.problems.push_back("the body is no JSON object");
+        check.problems.emplace_back("the body is no JSON object");
         check.replyCode = kOwnWords;
         return check;
     }
@@ -188,7 +188,7 @@ JobCheck CheckJob(const std::string& body) {
     CheckJobFile(check);
     LONGLONG size = 0;
     if (!Open(TextOf(check.body, "scenePath"), check.scene, size)) {
-        check.problems.push_back("the scene file cannot be opened");
+        check.problems.emplace_back("the scene file cannot be opened");
         check.replyCode = kSceneMissing;
     }
     if (check.replyCode == kAccepted && !check.problems.empty())

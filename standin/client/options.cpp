@@ -115,7 +115,8 @@ bool ParseOptions(const std::vector<std::string>& arguments, Options& options,
             value = arguments[++i];
         }
         if (!option->read(options, value)) {
-            problem = name + " cannot be \"" + value + "\".";
+            problem = name + " cannot be \"";
+            problem += value + "\".";
             return false;
         }
     }

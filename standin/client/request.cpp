@@ -8,8 +8,8 @@ namespace standin {
 namespace {
 
 constexpr char kEndOfHead[] = "\r\n\r\n";
-constexpr std::size_t kLongestHead = 64 * 1024;
-constexpr std::size_t kLongestBody = 64 * 1024 * 1024;
+constexpr std::size_t kLongestHead = std::size_t{64} * 1024;
+constexpr std::size_t kLongestBody = std::size_t{64} * 1024 * 1024;
 constexpr DWORD kSilenceMilliseconds = 10000;
 
 // The length that the head announces, kLongestBody at most; 0 when it announces none.
@@ -80,7 +80,7 @@ Request ParseRequest(const std::string& raw, std::uint16_t port) {
     request.raw = raw;
     const std::size_t end = raw.find(kEndOfHead);
     if (end == std::string::npos) {
-        request.problems.push_back("the head has no end");
+        request.problems.emplace_back("the head has no end");
         return request;
     }
     request.body = raw.substr(end + sizeof(kEndOfHead) - 1);
