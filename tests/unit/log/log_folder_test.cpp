@@ -98,6 +98,8 @@ TEST(LogFolder, ThatTheRunTimeCannotNameLosesTheLines) {
     const TestProductFolder product;
     product.write(L"/script/rud_plugin.ini",
                   test::Utf16Bytes(L"\uFEFF[general]\r\nlowerversion=\U0001F600\r\n"));
+    test::DeleteTree(L"\\rud_test.log");
+    test::DeleteTree(L"\\rud_test1.log");
     ModuleLog log("rud_test", 0, 2, 0);
     EXPECT_EQ(log.folder(), "");
     log.write("lost", kInfo);
