@@ -91,7 +91,7 @@ MainWindow::~MainWindow() {
 bool MainWindow::create() {
     if (!RegisterWindowClass(&MainWindow::Procedure))
         return false;
-    titleFont_ = MakeFont(24, FW_SEMIBOLD);
+    titleFont_ = MakeFont(24, FW_NORMAL);
     textFont_ = MakeFont(14, FW_NORMAL);
     CreateWindowExW(0, kMainWindowClass, L"", WS_OVERLAPPEDWINDOW, Scaled(40), Scaled(30),
                     Scaled(1100), Scaled(700), nullptr, nullptr, Instance(), this);

@@ -11,6 +11,8 @@ namespace {
 
 int interfacesInUse = 0;
 
+const int kPixelsPerStep = 2; // of the mouse while it drags the value
+
 class Spinner : public ISpinnerControl {
 public:
     explicit Spinner(HWND window) : window_(window) {}
@@ -63,7 +65,20 @@ public:
 
     void Reset() { ChangeByUser(reset_); }
     void Step(int count) { ChangeByUser(value_ + count * (whole_ ? 1.0 : step_)); }
-    void SetDragging(bool dragging) { dragging_ = dragging; }
+
+    // The mouse was pressed at height `y`, moved there, released.
+    void BeginDrag(int y) {
+        dragging_ = true;
+        dragY_ = y;
+    }
+    void DragTo(int y) {
+        const int steps = (dragY_ - y) / kPixelsPerStep;
+        if (steps == 0)
+            return;
+        dragY_ -= steps * kPixelsPerStep;
+        Step(steps);
+    }
+    void EndDrag() { dragging_ = false; }
 
     void ReadEdit() {
         wchar_t text[64] = {};
@@ -135,6 +150,7 @@ private:
     bool whole_ = true;
     bool indeterminate_ = false;
     bool dragging_ = false;
+    int dragY_ = 0;
 };
 
 Spinner* SpinnerOf(HWND window) {
@@ -180,13 +196,17 @@ LRESULT CALLBACK SpinnerProc(HWND window, UINT message, WPARAM wParam, LPARAM lP
     case WM_LBUTTONDOWN:
         SetCapture(window);
         spinner->Tell(CC_SPINNER_BUTTONDOWN, false);
-        spinner->SetDragging(true);
+        spinner->BeginDrag(static_cast<short>(HIWORD(lParam)));
         spinner->Step(IsInUpperHalf(window, lParam) ? 1 : -1);
+        return 0;
+    case WM_MOUSEMOVE:
+        if (GetCapture() == window)
+            spinner->DragTo(static_cast<short>(HIWORD(lParam)));
         return 0;
     case WM_LBUTTONUP:
         if (GetCapture() == window) {
             ReleaseCapture();
-            spinner->SetDragging(false);
+            spinner->EndDrag();
             spinner->Tell(CC_SPINNER_BUTTONUP, true);
         }
         return 0;

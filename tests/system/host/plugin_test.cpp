@@ -1,4 +1,5 @@
 // The product's library in the host: loading, the menu, starting and stopping many times.
+#include "standin/host/text.h"
 #include "standin/sdk/include/standin/core.h"
 #include "standin/sdk/include/standin/maxutil.h"
 #include "standin/sdk/include/standin/menus.h"
@@ -89,6 +90,28 @@ TEST_F(HostWithPlugin, ComesBackWhenAMenuFileWithoutItIsReadLate) {
     ASSERT_TRUE(host->start());
     EXPECT_EQ(host.menuBar(), (Texts{L"&File", kMenu}));
     EXPECT_EQ(host.menu(kMenu), kEnglishItems);
+}
+
+std::string Replaced(std::string text, const std::string& what, const std::string& by) {
+    for (size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size()))
+        text.replace(at, what.size(), by);
+    return text;
+}
+
+TEST_F(HostWithPlugin, TakesAwayTheMenusOfEarlierReleases) {
+    const std::string now = orv::test::ReadFileBytes(menuFileOfAnEarlierRun());
+    options.menuFile = folder.file(L"old menus.txt");
+    for (const char* oldTitle : {"Vantrel", "OrvCloud", "Orv Render"}) {
+        const std::string old = Replaced(now, "Orv Rendering", oldTitle);
+        ASSERT_NE(old, now);
+        orv::test::WriteFileBytes(options.menuFile, old);
+        HostUnderTest host(options);
+        ASSERT_TRUE(host->start());
+        EXPECT_TRUE(host.events("menus_loaded")[0]["ok"].asBool());
+        EXPECT_EQ(host.menuBar(), (Texts{L"&File", kMenu})) << oldTitle;
+        EXPECT_EQ(host.menu(kMenu), kEnglishItems) << oldTitle;
+        EXPECT_EQ(standin_find_menu(standin::ToWide(oldTitle).c_str()), nullptr) << oldTitle;
+    }
 }
 
 TEST_F(HostWithPlugin, StartsWithAMenuFileThatIsDamaged) {
