@@ -90,6 +90,12 @@ void standin_menus_reset(void) {
 int standin_registered_menu_count(void) {
     return MenuManager().RegisteredMenuCount();
 }
+
+standin_menu* standin_registered_menu(int index) {
+    const bool exists = index >= 0 && index < MenuManager().RegisteredMenuCount();
+    return exists ? Outside(MenuManager().RegisteredMenu(index)) : nullptr;
+}
+
 int standin_menu_context_count(void) {
     return MenuManager().NumContexts();
 }

@@ -24,10 +24,12 @@ Result CallSlot(void* object, int slot, Arguments... arguments) {
     return function(object, arguments...);
 }
 
-// An exported function of a loaded library; throws when there is none of that name.
+// An exported function of a library, which is loaded for good when it is not there yet; throws when
+// it has none of that name.
 template<class Function>
 Function Exported(const wchar_t* library, const char* name) {
-    const FARPROC found = ::GetProcAddress(::LoadLibraryW(library), name);
+    const HMODULE present = ::GetModuleHandleW(library);
+    const FARPROC found = ::GetProcAddress(present ? present : ::LoadLibraryW(library), name);
     if (!found)
         throw std::runtime_error(std::string("not exported: ") + name);
     Function function = nullptr;

@@ -61,7 +61,8 @@ void standin_menus_reset(void);
 // ---- Counts, for tests that look for left-overs ----
 
 int standin_registered_menu_count(void); // the main menu bar included
-int standin_menu_context_count(void);    // context 1 included
-int standin_live_menu_count(void);       // menu objects not freed
-int standin_live_item_count(void);       // item objects not freed
+standin_menu* standin_registered_menu(int index);
+int standin_menu_context_count(void); // context 1 included
+int standin_live_menu_count(void);    // menu objects not freed
+int standin_live_item_count(void);    // item objects not freed
 }
