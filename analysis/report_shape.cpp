@@ -136,7 +136,7 @@ std::string FaultOfList(const Json::Value& object, const std::string& place,
         return Fault(place + list.name, Expected(Shape::OptionalList));
     for (Json::ArrayIndex i = 0; i < entries.size(); ++i) {
         const std::string entryPlace = place + list.name + "[" + std::to_string(i) + "]";
-        const std::string fault = FaultOfEntry(entries[i], entryPlace, list);
+        std::string fault = FaultOfEntry(entries[i], entryPlace, list);
         if (!fault.empty())
             return fault;
     }
@@ -145,7 +145,7 @@ std::string FaultOfList(const Json::Value& object, const std::string& place,
 
 std::string FaultOfLists(const Json::Value& report) {
     for (const ListShape& list : kLists) {
-        const std::string fault = FaultOfList(report, "", list);
+        std::string fault = FaultOfList(report, "", list);
         if (!fault.empty())
             return fault;
     }
@@ -165,7 +165,7 @@ std::string FaultOfCameras(const Json::Value& report) {
     if (cameras.empty())
         return {};
     for (Json::ArrayIndex i = 0; i < cameras.size(); ++i) {
-        const std::string fault =
+        std::string fault =
             FaultOfMembers(cameras[i], "cameras[" + std::to_string(i) + "].", kCamera);
         if (!fault.empty())
             return fault;

@@ -106,7 +106,7 @@ private:
 
     PluginData& data_ = PluginData::instance();
     SceneAnalysis& analysis_ = data_.analysis;
-    const HWND dialog_;
+    HWND dialog_;
     const std::wstring caption_;
     std::int32_t result_ = kSubmitEnded;
 

@@ -1,5 +1,6 @@
 #include "submit/dialog_input/camera_rows.h"
 
+#include <algorithm>
 #include <commctrl.h>
 
 namespace orv {
@@ -32,6 +33,7 @@ bool IsRowChecked(HWND cameraTable, int row) {
 std::vector<CameraRow> ReadCameraRows(HWND cameraTable) {
     std::vector<CameraRow> rows;
     const int count = static_cast<int>(::SendMessageW(cameraTable, LVM_GETITEMCOUNT, 0, 0));
+    rows.reserve(static_cast<std::size_t>(std::max(0, count)));
     for (int row = 0; row < count; ++row)
         rows.push_back({NameOfRow(cameraTable, row), IsRowChecked(cameraTable, row)});
     return rows;

@@ -13,7 +13,7 @@ bool IsChecked(HWND dialog, int control) {
 }
 
 std::wstring ControlText(HWND dialog, int control) {
-    const HWND window = ::GetDlgItem(dialog, control);
+    HWND window = ::GetDlgItem(dialog, control);
     std::wstring text(static_cast<std::size_t>(std::max(0, ::GetWindowTextLengthW(window))) + 1,
                       L'\0');
     const int length = ::GetWindowTextW(window, &text[0], static_cast<int>(text.size()));

@@ -168,7 +168,7 @@ TEST_F(SubmitJobEnd, TouchesNoProgressThatIsNotThere) {
 }
 
 TEST_F(SubmitJobEnd, WhenTheDialogIsGone) {
-    const HWND gone = reinterpret_cast<HWND>(static_cast<INT_PTR>(0x7FFFFFF0));
+    HWND gone = reinterpret_cast<HWND>(static_cast<INT_PTR>(0x7FFFFFF0));
     host_.onSaveTo = [](const std::wstring&) { return false; };
     MessageBoxWatcher watcher;
     EXPECT_EQ(SubmitJob(gone, kTestCaption, L"", L"0"), kSubmitEnded);

@@ -41,7 +41,7 @@ void MakeControls(HWND dialog) {
                           20, dialog, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kind.id)),
                           nullptr, nullptr);
     }
-    const HWND cameras = ::GetDlgItem(dialog, IDC_CAMERAS);
+    HWND cameras = ::GetDlgItem(dialog, IDC_CAMERAS);
     ::SendMessageW(cameras, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_CHECKBOXES);
     LVCOLUMNW column{};
     column.mask = LVCF_WIDTH;
@@ -125,7 +125,7 @@ void TestDialog::select(int id, int index) const {
 }
 
 void TestDialog::setCameras(const std::vector<TestCamera>& cameras) const {
-    const HWND table = control(IDC_CAMERAS);
+    HWND table = control(IDC_CAMERAS);
     ::SendMessageW(table, LVM_DELETEALLITEMS, 0, 0);
     for (std::size_t row = 0; row < cameras.size(); ++row) {
         std::wstring name = cameras[row].name;
