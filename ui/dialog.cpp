@@ -6,6 +6,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <exception>
 
 namespace orv {
@@ -53,6 +54,27 @@ void Dialog::reportError(const std::string& what) noexcept {
 
 void Dialog::writeError(const std::string& line) {
     PluginData::instance().writeLog(kError, line);
+}
+
+void Dialog::centreOverOwner() {
+    const HWND owner = ::GetWindow(window_, GW_OWNER);
+    RECT outer = {};
+    RECT inner = {};
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof monitor;
+    if (owner == nullptr || ::IsIconic(owner) || !::GetWindowRect(owner, &outer) ||
+        !::GetWindowRect(window_, &inner) ||
+        !::GetMonitorInfoW(::MonitorFromWindow(owner, MONITOR_DEFAULTTONEAREST), &monitor))
+        return; // it stays where the template puts it
+    const RECT& screen = monitor.rcWork;
+    const LONG width = inner.right - inner.left;
+    const LONG height = inner.bottom - inner.top;
+    // The right and bottom edges give way first: the title bar has to be in reach.
+    const LONG left = std::max(
+        screen.left, std::min((outer.left + outer.right - width) / 2, screen.right - width));
+    const LONG top = std::max(
+        screen.top, std::min((outer.top + outer.bottom - height) / 2, screen.bottom - height));
+    ::SetWindowPos(window_, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 INT_PTR CALLBACK Dialog::procedure(HWND window, UINT message, WPARAM wParam,

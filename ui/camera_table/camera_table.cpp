@@ -6,8 +6,6 @@
 #include "submit/dialog_input/camera_rows.h"
 #include "submit/dialog_input/dialog_log.h"
 
-#include <commctrl.h>
-
 namespace orv {
 namespace {
 
@@ -66,6 +64,7 @@ void CameraTable::attach(HWND list) {
     ::SendMessageW(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, kTableStyle, kTableStyle);
     spherical_ = ResourceText(IDS_CAMERA_SPHERICAL);
     normal_ = ResourceText(IDS_CAMERA_NORMAL);
+    emptyText_ = ResourceText(IDS_NO_CAMERAS);
 }
 
 bool CameraTable::createHead() {
@@ -122,6 +121,21 @@ void CameraTable::selectAll(CameraMap& cameras) {
     for (auto& camera : cameras)
         camera.second.selected = true;
     update(cameras);
+}
+
+LRESULT CameraTable::drawEmptyText(const NMCUSTOMDRAW& drawing) const {
+    if (drawing.dwDrawStage == CDDS_PREPAINT)
+        return ::SendMessageW(list_, LVM_GETITEMCOUNT, 0, 0) == 0 ? CDRF_NOTIFYPOSTPAINT
+                                                                  : CDRF_DODEFAULT;
+    if (drawing.dwDrawStage == CDDS_POSTPAINT) {
+        RECT area = {};
+        ::GetClientRect(list_, &area);
+        ::SetBkMode(drawing.hdc, TRANSPARENT);
+        ::SetTextColor(drawing.hdc, ::GetSysColor(COLOR_GRAYTEXT));
+        ::DrawTextW(drawing.hdc, emptyText_.c_str(), static_cast<int>(emptyText_.size()), &area,
+                    DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+    }
+    return CDRF_DODEFAULT;
 }
 
 int CameraTable::fill(const CameraMap& cameras) {

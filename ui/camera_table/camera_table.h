@@ -5,6 +5,10 @@
 #include "base/windows.h"
 #include "config/scene_analysis.h"
 
+#include <commctrl.h>
+
+#include <string>
+
 namespace orv {
 
 // Fills the list view and carries its check boxes over to the camera records and back. The check
@@ -35,6 +39,9 @@ public:
     void invertSelection(CameraMap& cameras);
     void selectAll(CameraMap& cameras);
 
+    // Draws what the table says while it has no rows. The answer to the list view's NM_CUSTOMDRAW.
+    LRESULT drawEmptyText(const NMCUSTOMDRAW& drawing) const;
+
 private:
     // The number of rows that the list view holds afterwards.
     int fill(const CameraMap& cameras);
@@ -44,6 +51,7 @@ private:
     HWND list_ = nullptr;
     std::wstring spherical_; // what column 4 shows
     std::wstring normal_;
+    std::wstring emptyText_;
 };
 
 } // namespace orv

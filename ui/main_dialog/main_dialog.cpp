@@ -18,7 +18,6 @@
 #include <commctrl.h>
 
 #include <cstdio>
-#include <cwchar>
 #include <vector>
 
 namespace orv {
@@ -37,6 +36,7 @@ void MainDialog::writeError(const std::string& line) {
 }
 
 bool MainDialog::onInit(LPARAM /*parameter*/) {
+    centreOverOwner();
     winsock_ = std::make_unique<WinsockSession>();
     if (!winsock_->started()) {
         std::fputs("Load WinSock Failed!\n", stdout);
@@ -86,13 +86,9 @@ bool MainDialog::onCommand(int id, int /*code*/) {
 }
 
 bool MainDialog::onNotify(NMHDR& header, LRESULT& result) {
-    if (header.idFrom != IDC_CAMERAS || header.code != LVN_GETEMPTYMARKUP)
+    if (header.idFrom != IDC_CAMERAS || header.code != static_cast<UINT>(NM_CUSTOMDRAW))
         return false;
-    auto& markup = reinterpret_cast<NMLVEMPTYMARKUP&>(header);
-    const std::wstring text = ResourceText(IDS_NO_CAMERAS);
-    markup.dwFlags = EMF_CENTERED;
-    std::wcsncpy(markup.szMarkup, text.c_str(), L_MAX_URL_LENGTH - 1);
-    result = TRUE;
+    result = cameras_.drawEmptyText(reinterpret_cast<const NMCUSTOMDRAW&>(header));
     return true;
 }
 

@@ -14,6 +14,7 @@ constexpr UINT kMarqueeMilliseconds = 40;
 } // namespace
 
 bool ProgressDialog::onInit(LPARAM /*parameter*/) {
+    centreOverOwner();
     ::RemoveMenu(::GetSystemMenu(window(), FALSE), SC_CLOSE, MF_BYCOMMAND);
     ::SendMessageW(control(IDC_PROGRESS_BAR), PBM_SETMARQUEE, TRUE, kMarqueeMilliseconds);
     if (::SetTimer(window(), kPollTimer, kPollMilliseconds, nullptr) == 0) {

@@ -3,9 +3,11 @@
 
 #include "base/noncopyable.h"
 #include "base/windows.h"
+#include "tests/support/log_lines.h"
 #include "tests/support/product_folder.h"
 
 #include <string>
+#include <vector>
 
 namespace orv {
 namespace test {
@@ -33,25 +35,10 @@ private:
 // "rud_ui", empty at the start of the test.
 class UiLog : private rud_Noncopyable {
 public:
-    // The lines without their time stamps, each with a line feed.
-    std::string lines() const {
-        std::string stripped;
-        const std::string all = folder_.log(L"rud_ui");
-        for (std::size_t start = 0; start < all.size();) {
-            const std::size_t end = all.find("\r\n", start);
-            const std::size_t level = all.find('[', start);
-            if (end == std::string::npos || level > end)
-                break;
-            stripped += all.substr(level, end - level) + "\n";
-            start = end + 2;
-        }
-        return stripped;
-    }
+    // Without its time stamp; empty when nothing was written.
     std::string lastLine() const {
-        std::string all = lines();
-        if (!all.empty())
-            all.pop_back();
-        return all.substr(all.rfind('\n') + 1);
+        const std::vector<std::string> lines = LogLines(folder_.log(L"rud_ui"));
+        return lines.empty() ? std::string() : lines.back();
     }
 
 private:

@@ -7,9 +7,9 @@
 #include "resources/texts.h"
 #include "submit/submit_job.h"
 #include "tests/support/message_box_watcher.h"
+#include "tests/support/module_scope.h"
 #include "tests/support/product_folder.h"
 #include "tests/support/wait_until.h"
-#include "tests/unit/resources/module_scope.h"
 #include "ui/worker_start.h"
 
 #include <gtest/gtest.h>
@@ -245,7 +245,7 @@ TEST_F(Workers, SpeakTheLanguageOfTheDialogsThread) {
         EXPECT_TRUE(PumpUntil([] { return submissionsBegun == 1; }));
         EXPECT_EQ(LastCall().threadCaptionOfChecks, ResourceText(IDS_CAPTION_CHECK));
         const std::wstring text = ReadWindowText(::GetDlgItem(progressDialog(), IDC_PROGRESS_TEXT));
-        EXPECT_EQ(text.find(L"Your scene") == 0, language == kEnglishLanguage);
+        EXPECT_EQ(text.find(L"Packing") == 0, language == kEnglishLanguage);
         EXPECT_FALSE(text.empty());
         release_ = true;
         EXPECT_TRUE(PumpUntil([this] { return ended(); }));

@@ -1,0 +1,165 @@
+#include "tests/dialogs/dialog_user.h"
+
+#include "tests/support/message_box_watcher.h"
+#include "tests/support/wait_until.h"
+
+#include <commctrl.h>
+
+#include <atomic>
+#include <stdexcept>
+
+namespace orv {
+namespace test {
+namespace {
+
+HWND ControlOf(HWND dialog, int control) {
+    const HWND window = ::GetDlgItem(dialog, control);
+    if (window == nullptr)
+        throw std::runtime_error("the dialog has no control " + std::to_string(control));
+    return window;
+}
+
+constexpr UINT kSettled = WM_APP + 0x3E71; // the product has no messages of this kind
+std::atomic<int> settledCount{0};
+
+LRESULT CALLBACK CountSettled(int code, WPARAM removed, LPARAM message) {
+    if (code == HC_ACTION && removed == PM_REMOVE &&
+        reinterpret_cast<const MSG*>(message)->message == kSettled)
+        ++settledCount;
+    return ::CallNextHookEx(nullptr, code, removed, message);
+}
+
+// Until the dialog's thread has dealt with everything posted to it so far. A message that is sent
+// would overtake what is posted, so one is posted and its removal from the queue awaited.
+void Settle(HWND dialog) {
+    const HHOOK hook = ::SetWindowsHookExW(WH_GETMESSAGE, &CountSettled, nullptr,
+                                           ::GetWindowThreadProcessId(dialog, nullptr));
+    if (hook == nullptr)
+        throw std::runtime_error("SetWindowsHookExW error no:" + std::to_string(::GetLastError()));
+    const int before = settledCount;
+    ::PostMessageW(dialog, kSettled, 0, 0);
+    WaitUntil([dialog, before] { return settledCount != before || !::IsWindow(dialog); });
+    ::UnhookWindowsHookEx(hook);
+}
+
+void PostClick(HWND window, int x, int y) {
+    const LPARAM position = MAKELPARAM(x, y);
+    ::PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, position);
+    ::PostMessageW(window, WM_LBUTTONUP, 0, position);
+}
+
+} // namespace
+
+HWND FindDialogWith(int control) {
+    for (HWND dialog = nullptr;;) {
+        dialog = ::FindWindowExW(nullptr, dialog, L"#32770", nullptr);
+        DWORD process = 0;
+        if (dialog == nullptr)
+            return nullptr;
+        ::GetWindowThreadProcessId(dialog, &process);
+        if (process == ::GetCurrentProcessId() && ::IsWindowVisible(dialog) &&
+            ::GetDlgItem(dialog, control) != nullptr)
+            return dialog;
+    }
+}
+
+void Press(HWND dialog, int button) {
+    const HWND window = ControlOf(dialog, button);
+    RECT area = {};
+    ::GetClientRect(window, &area);
+    PostClick(window, area.right / 2, area.bottom / 2);
+    Settle(dialog);
+}
+
+void PressKey(HWND dialog, int control, WPARAM key) {
+    const HWND window = ControlOf(dialog, control);
+    ::SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window), TRUE);
+    ::PostMessageW(window, WM_KEYDOWN, key, 1);
+    ::PostMessageW(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001U));
+    Settle(dialog);
+}
+
+void Type(HWND dialog, int edit, const std::wstring& text) {
+    const HWND window = ControlOf(dialog, edit);
+    ::SendMessageW(window, EM_SETSEL, 0, -1);
+    ::SendMessageW(window, WM_CHAR, L'\b', 1);
+    for (const wchar_t character : text)
+        ::SendMessageW(window, WM_CHAR, character, 1);
+}
+
+std::wstring Text(HWND dialog, int control) {
+    return ReadWindowText(ControlOf(dialog, control));
+}
+
+bool IsShown(HWND dialog, int control) {
+    return ::IsWindowVisible(ControlOf(dialog, control)) != FALSE;
+}
+
+std::vector<std::wstring> Lines(HWND dialog, int listBox) {
+    const HWND window = ControlOf(dialog, listBox);
+    std::vector<std::wstring> lines;
+    const LRESULT count = ::SendMessageW(window, LB_GETCOUNT, 0, 0);
+    for (LRESULT index = 0; index < count; ++index) {
+        const auto at = static_cast<WPARAM>(index);
+        std::vector<wchar_t> text(
+            static_cast<std::size_t>(::SendMessageW(window, LB_GETTEXTLEN, at, 0)) + 1);
+        ::SendMessageW(window, LB_GETTEXT, at, reinterpret_cast<LPARAM>(text.data()));
+        lines.emplace_back(text.data());
+    }
+    return lines;
+}
+
+std::vector<TableRow> Rows(HWND dialog, int table) {
+    const HWND window = ControlOf(dialog, table);
+    const auto head = reinterpret_cast<HWND>(::SendMessageW(window, LVM_GETHEADER, 0, 0));
+    const auto columns = static_cast<int>(::SendMessageW(head, HDM_GETITEMCOUNT, 0, 0));
+    const auto count = static_cast<int>(::SendMessageW(window, LVM_GETITEMCOUNT, 0, 0));
+    std::vector<TableRow> rows;
+    for (int index = 0; index < count; ++index) {
+        const auto at = static_cast<WPARAM>(index);
+        TableRow row;
+        for (int column = 0; column < columns; ++column) {
+            wchar_t buffer[512] = {};
+            LVITEMW item = {};
+            item.iSubItem = column;
+            item.pszText = buffer;
+            item.cchTextMax = 512;
+            ::SendMessageW(window, LVM_GETITEMTEXTW, at, reinterpret_cast<LPARAM>(&item));
+            row.cells.emplace_back(buffer);
+        }
+        row.ticked = ::SendMessageW(window, LVM_GETITEMSTATE, at, LVIS_STATEIMAGEMASK) ==
+                     INDEXTOSTATEIMAGEMASK(2);
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+std::string Ticks(HWND dialog, int table) {
+    std::string ticks;
+    for (const TableRow& row : Rows(dialog, table))
+        ticks += row.ticked ? '1' : '0';
+    return ticks;
+}
+
+void ClickCheckBox(HWND dialog, int table, int row) {
+    const HWND window = ControlOf(dialog, table);
+    RECT label = {};
+    label.left = LVIR_LABEL;
+    ::SendMessageW(window, LVM_GETITEMRECT, static_cast<WPARAM>(row),
+                   reinterpret_cast<LPARAM>(&label));
+    const int y = (label.top + label.bottom) / 2;
+    for (int x = 0; x < label.left; ++x) {
+        LVHITTESTINFO hit = {};
+        hit.pt = {x, y};
+        ::SendMessageW(window, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+        if ((hit.flags & LVHT_ONITEMSTATEICON) != 0 && (hit.flags & LVHT_ONITEMLABEL) == 0) {
+            PostClick(window, x + 2, y);
+            Settle(dialog);
+            return;
+        }
+    }
+    throw std::runtime_error("row " + std::to_string(row) + " has no check box in sight");
+}
+
+} // namespace test
+} // namespace orv

@@ -1,0 +1,16 @@
+#include "log/module_log.h"
+#include "resources/text.h"
+#include "submit/dialog_input/dialog_log.h"
+#include "tests/support/product_folder.h"
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    hInstance = ::GetModuleHandleW(nullptr); // the program carries the plug-in's resources
+    // The log stays in the folder that the settings name when its first line is written: here there
+    // are none.
+    const orv::test::TestProductFolder folder;
+    orv::WriteDialogLog(orv::kInfo, "opened");
+    return RUN_ALL_TESTS();
+}
