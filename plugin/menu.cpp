@@ -22,11 +22,6 @@ IMenuBarContext* MenuBarContext(IMenuManager& manager, int id) {
     return static_cast<IMenuBarContext*>(manager.GetContext(id));
 }
 
-IMenu* MainMenu(IMenuManager& manager) {
-    IMenuBarContext* mainMenuBar = MenuBarContext(manager, kMainMenuBarContext);
-    return mainMenuBar ? mainMenuBar->GetMenu() : nullptr;
-}
-
 const wchar_t* MenuTitle() {
     const wchar_t* title = loadResourceString(IDS_MENU_TITLE);
     return title ? title : L"";
@@ -72,31 +67,28 @@ void InstallNewMenu(IMenuManager& manager, IMenu& mainMenu, ActionTable& table) 
     manager.UpdateMenuBar();
 }
 
-void Install(IMenuManager& manager, IMenu* mainMenu, ActionTable* table) {
-    manager.RegisterMenuBarContext(kOrvMenuContextID, MenuTitle());
-    if (IMenu* present = manager.FindMenu(MenuTitle())) {
+} // namespace
+
+MenuPlace FindMenuPlace() {
+    IMenuManager* manager = HostMenuManager();
+    IMenuBarContext* mainMenuBar =
+        manager ? MenuBarContext(*manager, kMainMenuBarContext) : nullptr;
+    const MenuPlace place = {manager, mainMenuBar ? mainMenuBar->GetMenu() : nullptr};
+    return place;
+}
+
+void InstallMenu(const MenuPlace& place, ActionTable* table) {
+    if (!place.manager)
+        return;
+    place.manager->RegisterMenuBarContext(kOrvMenuContextID, MenuTitle());
+    if (IMenu* present = place.manager->FindMenu(MenuTitle())) {
         Empty(*present);
         if (table)
             Fill(*present, *table);
-        manager.UpdateMenuBar();
-    } else if (mainMenu && table) {
-        InstallNewMenu(manager, *mainMenu, *table);
+        place.manager->UpdateMenuBar();
+    } else if (place.mainMenu && table) {
+        InstallNewMenu(*place.manager, *place.mainMenu, *table);
     }
-}
-
-} // namespace
-
-void InstallMenu() {
-    if (IMenuManager* manager = HostMenuManager())
-        Install(*manager, MainMenu(*manager), FindActionTable());
-}
-
-void ReinstallMenu() {
-    IMenuManager* manager = HostMenuManager();
-    IMenu* mainMenu = manager ? MainMenu(*manager) : nullptr;
-    ActionTable* table = FindActionTable();
-    if (mainMenu && table)
-        Install(*manager, mainMenu, table);
 }
 
 void RemoveMenuByTitle(const MCHAR* title) {

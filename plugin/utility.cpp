@@ -12,7 +12,10 @@ namespace {
 
 // The host loads its menu file after the plug-ins have started, which replaces the menus.
 void onSystemStartup(void*, NotifyInfo*) {
-    ReinstallMenu();
+    const MenuPlace place = FindMenuPlace();
+    ActionTable* table = FindActionTable();
+    if (place.mainMenu && table)
+        InstallMenu(place, table);
 }
 
 // Titles of the menu in earlier releases; the first is today's, the last comes from the resources.
@@ -32,15 +35,17 @@ Orv_Rendering::~Orv_Rendering() {
 }
 
 DWORD Orv_Rendering::Start() {
-    RegisterNotification(onSystemStartup, this, kNotifySystemStartup);
     orv_host_open();
+    RegisterNotification(onSystemStartup, this, kNotifySystemStartup);
     RemoveLeftOverMenus();
+    const MenuPlace place = FindMenuPlace();
     RegisterActions(hInstance);
-    // Activated a second time on purpose: the host takes the last callback, also where an earlier
-    // release of the plug-in has registered the same table and its own callback came first.
-    if (FindActionTable())
+    ActionTable* table = FindActionTable();
+    // The table is active already. A second activation, whose callback is in force from here on, is
+    // part of the start-up sequence as the host knows it from this plug-in; it is kept.
+    if (table)
         ActivateActions();
-    InstallMenu();
+    InstallMenu(place, table);
     return GUPRESULT_KEEP;
 }
 
