@@ -39,8 +39,8 @@ std::wstring Joined(const std::wstring& folder, const std::wstring& name) {
 }
 
 ProcessHandle StartArchiver(const JobPaths& paths) {
-    // Without the quotes Windows would look for C:\ProgramData/Orv.exe first, and the archiver
-    // would take "Rendering/7-Zip/7z.exe" for its command.
+    // The path has a blank: without the quotes Windows would start a C:\ProgramData/Orv.exe, if
+    // somebody put one there, before the archiver.
     std::wstring commandLine =
         L"\"" + paths.sevenZipPath + L"\"" + Utf8ToWide(paths.archiverArguments);
     STARTUPINFOW startup{};

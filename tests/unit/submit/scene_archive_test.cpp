@@ -1,6 +1,7 @@
 #include "submit/scene_archive.h"
 
 #include "analysis/text/text_convert.h"
+#include "base/folders.h"
 #include "submit/archive_password.h"
 #include "submit/paths.h"
 #include "tests/support/files.h"
@@ -124,6 +125,17 @@ TEST_F(SceneArchive, DoesNotOpenWithAnotherPassword) {
     RunArchiver(paths_);
     const TemporaryFolder out;
     EXPECT_FALSE(Unpack(archive(), ArchivePassword("shot2"), out.path()));
+}
+
+TEST_F(SceneArchive, IsNotLeftToAProgramNamedLikeThePathsFirstWord) {
+    const std::wstring archiver = InstallArchiver();
+    const std::wstring decoy = CommonAppDataFolder() + L"\\Orv.exe";
+    WriteFileBytes(decoy, ReadFileBytes(archiver));
+    ASSERT_TRUE(pack(L"shot.max"));
+    WriteFileBytes(scene_, "bytes");
+    RunArchiver(paths_);
+    DeleteTree(decoy);
+    EXPECT_TRUE(PathExists(archive()));
 }
 
 TEST_F(SceneArchive, LogsAnArchiverThatFails) {
