@@ -39,6 +39,9 @@ int keyCount = 0;
 
 } // namespace
 
+// The names are the run-time's own.
+// NOLINTBEGIN(bugprone-reserved-identifier)
+
 extern "C" {
 
 int __cxa_guard_acquire(volatile char* guard);
@@ -99,6 +102,8 @@ void* __wrap_pthread_getspecific(unsigned key) {
 // The library's own directory of thread-local storage, made by the linker.
 extern const IMAGE_TLS_DIRECTORY _tls_used;
 }
+
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 

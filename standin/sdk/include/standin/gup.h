@@ -6,7 +6,7 @@
 
 extern "C" {
 
-typedef struct standin_plugin standin_plugin;
+struct standin_plugin;
 
 // Loads the library and starts its utilities: the six exports must be there, LibVersion must be the
 // host's, the descriptors need run-time type information; then LibInitialize, LibClassDesc, Create

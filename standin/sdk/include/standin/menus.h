@@ -11,7 +11,7 @@
 
 extern "C" {
 
-typedef struct standin_menu standin_menu; // a menu of the host, seen from outside
+struct standin_menu; // a menu of the host, seen from outside
 
 enum standin_item_kind {
     STANDIN_ITEM_EMPTY,
