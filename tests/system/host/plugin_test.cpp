@@ -4,11 +4,15 @@
 #include "standin/sdk/include/standin/maxutil.h"
 #include "standin/sdk/include/standin/menus.h"
 #include "tests/support/message_box_watcher.h"
+#include "tests/support/product_folder.h"
 #include "tests/system/host/host_under_test.h"
 #include "tests/system/host/process_counts.h"
 #include "tests/system/host/run_program.h"
 
+#include <commctrl.h>
 #include <gtest/gtest.h>
+
+#include <thread>
 
 namespace {
 
@@ -145,6 +149,63 @@ TEST_F(HostWithPlugin, ShowsItsVersionFromTheMenu) {
     const auto ended = host.events("action_ended");
     ASSERT_EQ(ended.size(), 1U);
     EXPECT_TRUE(ended[0]["handled"].asBool());
+}
+
+struct OwnedDialog {
+    HWND owner;
+    HWND dialog;
+};
+
+BOOL CALLBACK FindOwnedDialog(HWND window, LPARAM parameter) {
+    auto* const search = reinterpret_cast<OwnedDialog*>(parameter);
+    wchar_t name[16] = {};
+    GetClassNameW(window, name, 16);
+    if (std::wstring(name) != L"#32770" || GetWindow(window, GW_OWNER) != search->owner ||
+        IsWindowVisible(window) == FALSE)
+        return TRUE;
+    search->dialog = window;
+    return FALSE;
+}
+
+HWND DialogOver(HWND owner) {
+    OwnedDialog search = {owner, nullptr};
+    EnumWindows(&FindOwnedDialog, reinterpret_cast<LPARAM>(&search));
+    return search.dialog;
+}
+
+// The dialog fills itself from the report before it is shown, then waits for the user in a message
+// loop of its own, inside the host's menu command.
+TEST_F(HostWithPlugin, OpensItsDialogOverTheWindowAndReadsTheScene) {
+    const orv::test::TestProductFolder product;
+    product.write(L"/script/MaxRenderGlobalsParser.mse", "-- the scene parser");
+    product.writeSettings("port=1\r\nlowerversion=1.0.0\r\n");
+    folder.write(L"\u5BA2\u5385 1.max.json", R"({"cameras": ["Wide", "\u9910\u5385"]})");
+    options.scenePath = folder.write(L"\u5BA2\u5385 1.max", "scene bytes");
+    HostUnderTest host(options);
+    ASSERT_TRUE(host->start());
+    HWND window = host->window();
+
+    bool listed = false;
+    bool blocked = false;
+    std::thread user([&] {
+        listed = orv::test::WaitUntil([&] {
+            HWND table = FindWindowExW(DialogOver(window), nullptr, WC_LISTVIEWW, nullptr);
+            return table != nullptr && ListView_GetItemCount(table) == 2;
+        });
+        blocked = IsWindowEnabled(window) == FALSE;
+        PostMessageW(DialogOver(window), WM_CLOSE, 0, 0);
+    });
+    const bool chosen = host.choose(kMenu, kEnglishItems[0]);
+    user.join();
+
+    EXPECT_TRUE(chosen);
+    EXPECT_TRUE(listed) << "two cameras in the table";
+    EXPECT_TRUE(blocked);
+    EXPECT_TRUE(IsWindowEnabled(window));
+    const auto scripts = host.events("script_run");
+    ASSERT_EQ(scripts.size(), 1U);
+    EXPECT_TRUE(scripts[0]["ok"].asBool()) << scripts[0]["error"].asString();
+    EXPECT_EQ(host.events("action_ended").size(), 1U);
 }
 
 // What the host's libraries hold of menus, actions and notifications.
