@@ -37,10 +37,10 @@ Orv_ActionTable::Orv_ActionTable(MSTR& name, HINSTANCE module)
                   module) {}
 
 BOOL Orv_ActionTable::GetMenuText(int id, MSTR& text) {
-    for (int i = 0; i < kActionCount; ++i) {
-        if (kActions[i].mCmdID != id)
+    for (const ActionDescription& action : kActions) {
+        if (action.mCmdID != id)
             continue;
-        text = ResourceTextOrEmpty(static_cast<unsigned>(kActions[i].mShortNameResourceID));
+        text = ResourceTextOrEmpty(static_cast<unsigned>(action.mShortNameResourceID));
         return TRUE;
     }
     return ActionTable::GetMenuText(id, text);

@@ -28,8 +28,6 @@ void RemoveLeftOverMenus() {
 
 } // namespace
 
-Orv_Rendering::Orv_Rendering() {}
-
 Orv_Rendering::~Orv_Rendering() {
     RemoveMenuByTitle(loadResourceString(IDS_MENU_TITLE));
 }

@@ -7,7 +7,6 @@
 
 class Orv_Rendering : public GUP {
 public:
-    Orv_Rendering();
     ~Orv_Rendering() override;
 
     // Puts commands and menu into the host and opens the door to it; asks to be kept.

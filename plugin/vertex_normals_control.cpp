@@ -1,3 +1,3 @@
 #include "plugin/vertex_normals_control.h"
 
-VertexNormalsControl::VertexNormalsControl() : enabled_(true), target_(nullptr) {}
+VertexNormalsControl::VertexNormalsControl() = default;

@@ -6,6 +6,6 @@ public:
     VertexNormalsControl();
 
 protected:
-    bool enabled_;
-    void* target_;
+    bool enabled_ = true;
+    void* target_ = nullptr;
 };
