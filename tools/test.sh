@@ -4,14 +4,14 @@
 dev_test() {
   local filter=()
   [ $# -gt 0 ] && filter=(-R "$1")
-  start_wine
   start_display 1600x1200
+  start_wine
   # Not through a step: the tests' own lines are the result, and CTest's summary comes last.
   ctest --test-dir "$build_dir/mingw" --output-on-failure --no-tests=error "${filter[@]}"
 }
 
 dev_demo() {
-  start_wine
   start_display 1280x800
+  start_wine
   python3 "$root/demo/run.py" "$@"
 }

@@ -55,7 +55,7 @@ start_display() {
 }
 
 # start_wine: one Wine server for the whole run, so that no program waits for one to start. The prefix
-# is this run's alone meanwhile.
+# is this run's alone meanwhile. Needs the display.
 start_wine() {
   locked wine "runs programs under Wine here"
   end_wine
@@ -64,6 +64,13 @@ start_wine() {
     close_locks
     exec wineserver -p
   )
+  # Wine's own services and its desktop start with the first program that has a window, and live on with
+  # that program's output. Let that be this one: whoever waits for the end of a test's output would wait
+  # for them.
+  (
+    close_locks
+    exec wine rundll32 user32.dll,MessageBeep
+  ) >/dev/null 2>&1 </dev/null || true
 }
 
 # end_wine: ends every program that runs in the prefix.
