@@ -57,7 +57,7 @@ void Dialog::writeError(const std::string& line) {
 }
 
 void Dialog::centreOverOwner() {
-    const HWND owner = ::GetWindow(window_, GW_OWNER);
+    HWND owner = ::GetWindow(window_, GW_OWNER);
     RECT outer = {};
     RECT inner = {};
     MONITORINFO monitor = {};

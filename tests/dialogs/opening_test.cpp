@@ -1,12 +1,11 @@
-// Opening the main dialog: what is checked, what is shown.
+// Opening the main dialog of the plug-in in a host: what is checked, what is shown.
 #include "resources/controls.h"
 #include "tests/dialogs/dialog_user.h"
-#include "tests/dialogs/open_dialog.h"
+#include "tests/dialogs/plugin_host.h"
+#include "tests/support/log_lines.h"
 #include "tests/support/message_box_watcher.h"
 
 #include <gtest/gtest.h>
-
-#include <commctrl.h>
 
 namespace orv {
 namespace test {
@@ -16,10 +15,10 @@ class Opening : public ::testing::Test {
 protected:
     // Opens the dialog, answers its message boxes and returns them; the dialog has to end by
     // itself.
-    std::vector<SeenMessageBox> openAndBeRefused(LANGID language = kEnglishLanguage) {
+    std::vector<SeenMessageBox> openAndBeRefused() {
         MessageBoxWatcher watcher(L"Orv Rendering");
-        const OpenDialog dialog(language);
-        EXPECT_TRUE(dialog.waitForEnd());
+        host_.chooseSubmit();
+        EXPECT_TRUE(host_.waitForEnd());
         return watcher.stop();
     }
     void expectRefusal(const std::wstring& beginning) {
@@ -28,15 +27,17 @@ protected:
         EXPECT_EQ(boxes[0].text.substr(0, beginning.size()), beginning);
         EXPECT_EQ(boxes[0].buttons, std::vector<int>{IDOK});
     }
+    bool wasAnalysed() const { return !host_.events("script_run").empty(); }
 
-    HostWithScene scene_;
+    PluginHost host_;
 };
 
 TEST_F(Opening, ShowsTheScenesCamerasNameAndWarnings) {
-    const OpenDialog dialog;
-    const HWND window = dialog.window();
+    host_.start();
+    HWND window = host_.openDialog();
     ASSERT_NE(window, nullptr);
 
+    EXPECT_EQ(ReadWindowText(window), L"Orv Rendering");
     EXPECT_EQ(Text(window, IDC_SCENE_NAME), L"Living room");
     const std::vector<TableRow> rows = Rows(window, IDC_CAMERAS);
     ASSERT_EQ(rows.size(), 3U);
@@ -53,28 +54,23 @@ TEST_F(Opening, ShowsTheScenesCamerasNameAndWarnings) {
 }
 
 TEST_F(Opening, LogsEachStepOnce) {
-    {
-        const OpenDialog dialog;
-        ASSERT_NE(dialog.window(), nullptr);
-    }
-    const std::string log = scene_.product.log(L"rud_ui");
-    std::size_t from = 0;
-    for (const char* line : {"[INFO] Set scene name successfully.\r\n",
-                             "[INFO] Get warnning infomation of current scene successfully.\r\n",
-                             "[INFO] Create camera table successfully.\r\n"}) {
-        const std::size_t at = log.find(line, from);
-        EXPECT_NE(at, std::string::npos) << line;
-        EXPECT_EQ(log.find(line, at + 1), std::string::npos) << line;
-        from = at == std::string::npos ? from : at;
-    }
+    host_.start();
+    ASSERT_NE(host_.openDialog(), nullptr);
+    const std::vector<std::string> expected = {
+        "[INFO] Set scene name successfully.",
+        "[INFO] Get warnning infomation of current scene successfully.",
+        "[INFO] Create camera table successfully.",
+    };
+    EXPECT_EQ(LogLines(host_.product.log(L"rud_ui", L"1.3.7")), expected);
 }
 
-TEST_F(Opening, IsModalOverItsOwnerAndStartsAtTheCameras) {
-    const OpenDialog dialog;
-    const HWND window = dialog.window();
+TEST_F(Opening, IsModalOverTheHostAndStartsAtTheCameras) {
+    host_.start();
+    HWND window = host_.openDialog();
     ASSERT_NE(window, nullptr);
-    EXPECT_EQ(ReadWindowText(::GetWindow(window, GW_OWNER)), L"Host");
-    EXPECT_FALSE(::IsWindowEnabled(::GetWindow(window, GW_OWNER)));
+    HWND owner = ::GetWindow(window, GW_OWNER);
+    EXPECT_NE(::GetMenu(owner), nullptr); // the host's main window
+    EXPECT_FALSE(::IsWindowEnabled(owner));
 
     GUITHREADINFO thread = {};
     thread.cbSize = sizeof thread;
@@ -83,24 +79,17 @@ TEST_F(Opening, IsModalOverItsOwnerAndStartsAtTheCameras) {
     EXPECT_EQ(LOWORD(::SendMessageW(window, DM_GETDEFID, 0, 0)), IDC_SUBMIT);
 }
 
-TEST_F(Opening, RunsTheParserOnceWithTheReportInTheWorkFolder) {
-    const OpenDialog dialog;
-    ASSERT_NE(dialog.window(), nullptr);
-    const std::vector<std::wstring> scripts = scene_.host.scripts();
-    ASSERT_EQ(scripts.size(), 1U);
-    EXPECT_EQ(
-        scripts[0].find(L"fileIn \"" + scene_.product.path(L"/script/MaxRenderGlobalsParser.mse")),
-        0U);
+TEST_F(Opening, HasRoomForTheWholeTableAndTheScrollBar) {
+    host_.start();
+    HWND window = host_.openDialog();
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(::GetWindowLongW(::GetDlgItem(window, IDC_CAMERAS), GWL_STYLE) & WS_HSCROLL, 0);
 }
 
 TEST_F(Opening, ShowsThatThereIsNothingToWarnOf) {
-    std::string report = SampleReport();
-    const std::size_t files = report.find("\"missing_file\": [") + 17;
-    report.erase(files, report.find(']', files) - files);
-    scene_.setReport(report);
-
-    const OpenDialog dialog;
-    const HWND window = dialog.window();
+    host_.scene.removeMember("external_files");
+    host_.start();
+    HWND window = host_.openDialog();
     ASSERT_NE(window, nullptr);
     EXPECT_TRUE(Lines(window, IDC_WARNINGS).empty());
     EXPECT_FALSE(IsShown(window, IDC_WARNINGS));
@@ -108,65 +97,95 @@ TEST_F(Opening, ShowsThatThereIsNothingToWarnOf) {
 }
 
 TEST_F(Opening, SpeaksChineseWhereTheHostDoes) {
-    const OpenDialog dialog(kChineseLanguage);
-    const HWND window = dialog.window();
+    host_.start(kChineseLanguage);
+    HWND window = host_.openDialog();
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(Text(window, IDC_SUBMIT), L"\u63D0\u4EA4(&S)");
     EXPECT_EQ(Lines(window, IDC_WARNINGS)[0], L"\u7F3A\u5931\u7684\u6587\u4EF6\uFF1A");
     EXPECT_EQ(Rows(window, IDC_CAMERAS)[0].cells[4], L"\u666E\u901A");
 }
 
-TEST_F(Opening, RefusesAClientThatWasNeverStarted) {
-    scene_.product.writeSettings("port=12345\r\n");
-    expectRefusal(L"The settings of the render farm's client were not found.");
-    EXPECT_TRUE(scene_.host.scripts().empty()); // nothing is analysed for nothing
+TEST_F(Opening, ShowsThreeHundredCameras) {
+    for (int number = 0; number < 300; ++number)
+        host_.scene["cameras"].append("Many " + std::to_string(number));
+    host_.start();
+    HWND window = host_.openDialog();
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(Ticks(window, IDC_CAMERAS), std::string(303, '0'));
 }
 
-TEST_F(Opening, RefusesAClientThatWantsANewerPlugin) {
+TEST_F(Opening, RefusesAClientThatWasNeverStarted) {
+    host_.product.writeSettings("port=12345\r\n");
+    host_.start();
+    expectRefusal(L"The settings of the render farm's client were not found.");
+    EXPECT_FALSE(wasAnalysed()); // nothing is analysed for nothing
+}
+
+// The settings are read at each opening.
+TEST_F(Opening, ComparesTheVersionThatTheClientWants) {
+    host_.start();
     for (const char* version : {"1.3.8", "1.3.70", "2"}) {
-        scene_.product.writeSettings(std::string("lowerversion=") + version + "\r\n");
+        host_.product.writeSettings(std::string("lowerversion=") + version + "\r\n");
         expectRefusal(L"This version of Orv Rendering is too old");
     }
+    EXPECT_FALSE(wasAnalysed());
+    host_.product.writeSettings("lowerversion=1.3\r\n");
+    EXPECT_NE(host_.openDialog(), nullptr);
 }
 
-TEST_F(Opening, AcceptsAClientThatWantsAnOlderPlugin) {
-    scene_.product.writeSettings("lowerversion=1.3\r\n");
-    const OpenDialog dialog;
-    EXPECT_NE(dialog.window(), nullptr);
+class SceneNameTheFarmCannotTake : public Opening,
+                                   public ::testing::WithParamInterface<const wchar_t*> {};
+
+TEST_P(SceneNameTheFarmCannotTake, IsRefusedBeforeTheAnalysis) {
+    host_.sceneName = GetParam();
+    host_.start();
+    expectRefusal(L"This scene name cannot be used.");
+    EXPECT_FALSE(wasAnalysed());
 }
 
-TEST_F(Opening, RefusesASceneWithANameThatTheFarmCannotTake) {
-    for (const wchar_t* name :
-         {L"room .max", L"room..max", L"ro`om.max", L"room 50%.max", L"\u043A.max"}) {
-        scene_.openScene(name);
-        expectRefusal(L"This scene name cannot be used.");
-    }
-    EXPECT_TRUE(scene_.host.scripts().empty());
-}
+INSTANTIATE_TEST_SUITE_P(Names, SceneNameTheFarmCannotTake,
+                         ::testing::Values(L"room .max", L"room..max", L"ro`om.max",
+                                           L"room 50%.max", L"\u043A.max"));
 
 TEST_F(Opening, TakesASceneThatWasNeverSaved) {
-    scene_.host.sceneFilePath.clear();
-    const OpenDialog dialog;
-    EXPECT_NE(dialog.window(), nullptr);
+    host_.sceneName.clear();
+    MessageBoxWatcher watcher(L"Orv Rendering", {IDYES}); // it has no cameras either
+    host_.start();
+    HWND window = host_.openDialog();
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(Text(window, IDC_SCENE_NAME), L"");
 }
 
 TEST_F(Opening, EndsWhenTheHostCannotRunTheParser) {
-    scene_.setScriptResult(0);
+    host_.setParser("error", "no memory");
+    host_.start();
     expectRefusal(L"The scene could not be analysed.");
 }
 
-TEST_F(Opening, TellsThatTheReportIsMissingOrUnreadable) {
-    for (const char* report :
-         {"", "no json", "[1, 2", R"({"cameras": [{"name": 5}]})", R"(["cameras"])"}) {
-        scene_.setReport(report);
-        expectRefusal(L"The result of the scene analysis could not be read.");
-    }
+TEST_F(Opening, TellsThatTheParserWroteNothing) {
+    host_.setParser("nothing");
+    host_.start();
+    expectRefusal(L"The result of the scene analysis could not be read.");
 }
 
+class UnreadableReport : public Opening, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(UnreadableReport, IsTold) {
+    host_.setParser("text", GetParam());
+    host_.start();
+    expectRefusal(L"The result of the scene analysis could not be read.");
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, UnreadableReport,
+                         ::testing::Values("", "no json", "[1, 2", R"({"cameras": [{"name": 5}]})",
+                                           R"(["cameras"])",
+                                           R"({"is_region": "false", "cameras": 7})"));
+
 TEST_F(Opening, NamesTheCamerasThatShareAName) {
-    std::string report = SampleReport();
-    report.insert(report.rfind('}'), R"(, "dupl_cameras": [{"name": " Door "}, {"name": "窗"}])");
-    scene_.setReport(report);
+    host_.scene["cameras"].append("Door");
+    host_.scene["cameras"].append("\xE7\xAA\x97"); // 窗
+    host_.scene["cameras"].append("\xE7\xAA\x97");
+    host_.start();
     const std::vector<SeenMessageBox> boxes = openAndBeRefused();
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0].text,
@@ -174,20 +193,12 @@ TEST_F(Opening, NamesTheCamerasThatShareAName) {
               L"Please give each camera a name of its own, then open this dialog again.");
 }
 
-class SceneWithoutCameras : public Opening {
-protected:
-    SceneWithoutCameras() {
-        std::string report = SampleReport();
-        const std::size_t cameras = report.find("\"cameras\": [") + 12;
-        report.erase(cameras, report.rfind(']') - cameras);
-        scene_.setReport(report);
-    }
-};
-
-TEST_F(SceneWithoutCameras, EndsTheDialogWhenTheUserSaysNo) {
+TEST_F(Opening, EndsWithoutCamerasWhenTheUserSaysNo) {
+    host_.scene.removeMember("cameras");
     MessageBoxWatcher watcher(L"Orv Rendering", {IDNO});
-    const OpenDialog dialog;
-    EXPECT_TRUE(dialog.waitForEnd());
+    host_.start();
+    host_.chooseSubmit();
+    EXPECT_TRUE(host_.waitForEnd());
     const std::vector<SeenMessageBox> boxes = watcher.stop();
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0].text,
@@ -196,10 +207,11 @@ TEST_F(SceneWithoutCameras, EndsTheDialogWhenTheUserSaysNo) {
     EXPECT_EQ(boxes[0].buttons, (std::vector<int>{IDYES, IDNO}));
 }
 
-TEST_F(SceneWithoutCameras, OpensWithAnEmptyTableWhenTheUserSaysYes) {
+TEST_F(Opening, ShowsAnEmptyTableWithoutCamerasWhenTheUserSaysYes) {
+    host_.scene.removeMember("cameras");
     MessageBoxWatcher watcher(L"Orv Rendering", {IDYES});
-    const OpenDialog dialog;
-    const HWND window = dialog.window();
+    host_.start();
+    HWND window = host_.openDialog();
     ASSERT_NE(window, nullptr);
     EXPECT_TRUE(Rows(window, IDC_CAMERAS).empty());
     EXPECT_EQ(Lines(window, IDC_WARNINGS)[0], L"No cameras!");
@@ -210,27 +222,18 @@ TEST_F(Opening, EndsByCancelByEscapeAndByItsTitleBar) {
         UINT message;
         WPARAM wParam;
     };
+    host_.start();
     for (const Way& way :
          {Way{WM_COMMAND, IDCANCEL}, Way{WM_CLOSE, 0}, Way{WM_SYSCOMMAND, SC_CLOSE}}) {
-        const OpenDialog dialog;
-        const HWND window = dialog.window();
+        HWND window = host_.openDialog();
         ASSERT_NE(window, nullptr);
         ::PostMessageW(window, way.message, way.wParam, 0);
-        EXPECT_TRUE(dialog.waitForEnd());
+        EXPECT_TRUE(host_.waitForEnd());
     }
-    const OpenDialog dialog;
-    const HWND window = dialog.window();
+    HWND window = host_.openDialog();
     ASSERT_NE(window, nullptr);
     PressKey(window, IDC_SCENE_NAME, VK_ESCAPE);
-    EXPECT_TRUE(dialog.waitForEnd());
-}
-
-TEST_F(Opening, MakesAndFreesOneScriptValueEachTime) {
-    for (int time = 0; time < 2; ++time) {
-        const OpenDialog dialog;
-        ASSERT_NE(dialog.window(), nullptr);
-    }
-    EXPECT_EQ(scene_.host.valuesAlive(), 0);
+    EXPECT_TRUE(host_.waitForEnd());
 }
 
 } // namespace

@@ -1,194 +1,94 @@
-// Submitting from the main dialog: the checks before it, and the workers.
-#include "config/plugin_data.h"
+// Submitting from the dialog of the plug-in in a host, as far as the dialog itself goes.
 #include "resources/controls.h"
 #include "tests/dialogs/dialog_user.h"
-#include "tests/dialogs/open_dialog.h"
+#include "tests/dialogs/plugin_host.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/wait_until.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <utility>
-
 namespace orv {
 namespace test {
 namespace {
 
+const wchar_t kNotSaved[] =
+    L"The scene could not be saved. Please save it in 3ds Max and submit again.";
+
+// The host refuses to save, which ends a submission early, with a message that waits for its
+// answer.
 class Submitting : public ::testing::Test {
 protected:
-    Submitting() {
-        // Saving is the submission's first call to the host: it waits there for the test, and is
-        // then refused, which ends the submission with a message.
-        scene_.host.onSaveTo = [this](const std::wstring&) {
-            ++saves_;
-            WaitUntil([this] { return release_.load(); });
-            return false;
-        };
+    void SetUp() override {
+        host_.scene["refuse_save"] = true;
+        host_.start();
+        window_ = host_.openDialog();
+        ASSERT_NE(window_, nullptr);
+        ClickCheckBox(window_, IDC_CAMERAS, 0);
+        Type(window_, IDC_SCENE_NAME, L"\u5BA2\u5385 v2");
     }
-    ~Submitting() override {
-        release_ = true;
-        data_.confirmationRequired = false;
-        EXPECT_TRUE(WaitUntil([this] { return workersEnded(); }));
+    // The message box that waits for an answer.
+    static bool waitForMessage() {
+        return WaitUntil([] { return FindDialogWith(0xFFFF) != nullptr; });
     }
-    static std::unique_ptr<MessageBoxWatcher> answering(std::vector<int> answers) {
-        return std::make_unique<MessageBoxWatcher>(L"Orv Rendering", std::move(answers));
-    }
-    bool workersEnded() const {
-        return data_.submitState != kWorkerRunning && data_.progressState != kWorkerRunning;
-    }
-    bool saving() const {
-        return WaitUntil([this] { return saves_ > 0; });
-    }
+    std::size_t saves() const { return host_.events("scene_saved").size(); }
 
-    PluginData& data_ = PluginData::instance();
-    HostWithScene scene_;
-    std::unique_ptr<MessageBoxWatcher> boxes_ =
-        answering({IDOK}); // as long as a worker may show one
-    std::atomic<int> saves_{0};
-    std::atomic<bool> release_{false};
+    PluginHost host_;
+    HWND window_ = nullptr;
 };
 
 TEST_F(Submitting, RunsOneSubmissionHoweverOftenSubmitIsPressed) {
-    const OpenDialog dialog;
-    const HWND window = dialog.window();
-    ASSERT_NE(window, nullptr);
-    ClickCheckBox(window, IDC_CAMERAS, 0);
-    Type(window, IDC_SCENE_NAME, L"\u5BA2\u5385 v2");
     for (int press = 0; press < 5; ++press)
-        ::SendMessageW(window, WM_COMMAND, IDC_SUBMIT, 0);
-    ASSERT_TRUE(saving());
-    ::SendMessageW(window, WM_COMMAND, IDC_SUBMIT, 0);
-    EXPECT_EQ(data_.submitState, kWorkerRunning);
+        ::SendMessageW(window_, WM_COMMAND, IDC_SUBMIT, 0);
+    ASSERT_TRUE(waitForMessage());
+    ::SendMessageW(window_, WM_COMMAND, IDC_SUBMIT, 0);
 
-    release_ = true;
-    ASSERT_TRUE(boxes_->waitForBoxes(1));
-    ASSERT_TRUE(WaitUntil([this] { return workersEnded(); }));
-    EXPECT_EQ(scene_.host.savedPaths(),
-              std::vector<std::wstring>{scene_.scenes.file(L"\u5BA2\u5385 v2.max")});
-    const std::vector<SeenMessageBox> boxes = boxes_->stop();
+    MessageBoxWatcher watcher(L"Orv Rendering");
+    ASSERT_TRUE(watcher.waitForBoxes(1));
+    ASSERT_TRUE(WaitUntil([this] { return ::IsWindowEnabled(window_) != FALSE; }));
+    const std::vector<SeenMessageBox> boxes = watcher.stop();
     ASSERT_EQ(boxes.size(), 1U);
-    EXPECT_EQ(boxes[0].text,
-              L"The scene could not be saved. Please save it in 3ds Max and submit again.");
-    EXPECT_EQ(boxes[0].owner, window);
-    EXPECT_FALSE(dialog.ended());
-}
-
-TEST_F(Submitting, ShowsProgressOverTheDialogUntilItEnds) {
-    const OpenDialog dialog;
-    const HWND window = dialog.window();
-    ASSERT_NE(window, nullptr);
-    ClickCheckBox(window, IDC_CAMERAS, 0);
-    Type(window, IDC_SCENE_NAME, L"other");
-    Press(window, IDC_SUBMIT);
-
-    HWND progress = nullptr;
-    ASSERT_TRUE(WaitUntil([&progress] {
-        progress = FindDialogWith(IDC_PROGRESS_BAR);
-        return progress != nullptr;
-    }));
-    EXPECT_EQ(::GetWindow(progress, GW_OWNER), window);
-    EXPECT_TRUE(WaitUntil([window] { return !::IsWindowEnabled(window); }));
-    release_ = true;
-    EXPECT_TRUE(WaitUntil([window] {
-        return FindDialogWith(IDC_PROGRESS_BAR) == nullptr && ::IsWindowEnabled(window);
-    }));
+    EXPECT_EQ(boxes[0].text, kNotSaved);
+    EXPECT_EQ(boxes[0].owner, window_);
+    ASSERT_EQ(saves(), 1U);
+    EXPECT_EQ(host_.events("scene_saved")[0]["ok"], Json::Value(false));
+    EXPECT_EQ(FindDialogWith(IDC_PROGRESS_BAR), nullptr);
 }
 
 TEST_F(Submitting, IsAllowedAgainAfterItFailed) {
-    release_ = true;
-    const OpenDialog dialog;
-    const HWND window = dialog.window();
-    ASSERT_NE(window, nullptr);
-    ClickCheckBox(window, IDC_CAMERAS, 0);
-    for (const wchar_t* name : {L"first", L"second"}) {
-        Type(window, IDC_SCENE_NAME, name);
-        Press(window, IDC_SUBMIT);
-        ASSERT_TRUE(WaitUntil(
-            [&] { return scene_.host.savedPaths().size() == (name[0] == L'f' ? 1U : 2U); }));
-        ASSERT_TRUE(
-            WaitUntil([this, window] { return workersEnded() && ::IsWindowEnabled(window); }));
+    MessageBoxWatcher watcher(L"Orv Rendering");
+    for (std::size_t time = 1; time <= 3; ++time) {
+        Type(window_, IDC_SCENE_NAME, L"name " + std::to_wstring(time));
+        ASSERT_TRUE(WaitUntil([&] {
+            ::SendMessageW(window_, WM_COMMAND, IDC_SUBMIT,
+                           0); // nothing while the last one still ends
+            return saves() == time;
+        }));
+        ASSERT_TRUE(watcher.waitForBoxes(time));
     }
+    EXPECT_EQ(watcher.stop().size(), 3U);
 }
 
-TEST_F(Submitting, RefusesANameThatTheFarmCannotTakeAndEndsTheDialog) {
-    for (const wchar_t* name : {L"50%", L"a`b", L"a*b", L"\u043A"}) {
-        boxes_ = answering({IDOK});
-        const OpenDialog dialog;
-        const HWND window = dialog.window();
-        ASSERT_NE(window, nullptr);
-        Type(window, IDC_SCENE_NAME, name);
-        Press(window, IDC_SUBMIT);
-        EXPECT_TRUE(dialog.waitForEnd());
-        const std::vector<SeenMessageBox> boxes = boxes_->stop();
-        ASSERT_EQ(boxes.size(), 1U);
-        EXPECT_EQ(boxes[0].text.find(L"This scene name cannot be used."), 0U);
-    }
-    EXPECT_EQ(saves_, 0);
+TEST_F(Submitting, SpeaksOfTheNameThatCannotBeUsedAndEndsTheDialog) {
+    MessageBoxWatcher watcher(L"Orv Rendering");
+    Type(window_, IDC_SCENE_NAME, L"50%");
+    Press(window_, IDC_SUBMIT);
+    EXPECT_TRUE(host_.waitForEnd());
+    const std::vector<SeenMessageBox> boxes = watcher.stop();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text.find(L"This scene name cannot be used."), 0U);
+    EXPECT_EQ(saves(), 0U);
 }
 
-TEST_F(Submitting, AsksFirstWhereTheAnalysisWantsItAndStaysOpenOnCancel) {
-    boxes_ = answering({IDCANCEL, IDOK});
-    const OpenDialog dialog;
-    const HWND window = dialog.window();
-    ASSERT_NE(window, nullptr);
-    ClickCheckBox(window, IDC_CAMERAS, 0);
-    Type(window, IDC_SCENE_NAME, L"other");
-    data_.confirmationRequired = true;
-    Press(window, IDC_SUBMIT);
-    ASSERT_TRUE(boxes_->waitForBoxes(1));
-    ASSERT_TRUE(WaitUntil([window] { return ::IsWindowEnabled(window) != FALSE; }));
-    EXPECT_NE(data_.submitState, kWorkerRunning);
-    EXPECT_EQ(saves_, 0);
-
-    Press(window, IDC_SUBMIT);
-    EXPECT_TRUE(saving());
-    const std::vector<SeenMessageBox> boxes = boxes_->seen();
-    ASSERT_EQ(boxes.size(), 2U);
-    EXPECT_EQ(boxes[0].text, boxes[1].text);
-    EXPECT_EQ(boxes[0].text.find(L"The analysis found something worth a look"), 0U);
-    EXPECT_EQ(boxes[0].buttons, (std::vector<int>{IDOK, IDCANCEL}));
-}
-
-TEST_F(Submitting, GoesOnWhenTheDialogIsClosed) {
-    {
-        const OpenDialog dialog;
-        const HWND window = dialog.window();
-        ASSERT_NE(window, nullptr);
-        ClickCheckBox(window, IDC_CAMERAS, 0);
-        Type(window, IDC_SCENE_NAME, L"other");
-        Press(window, IDC_SUBMIT);
-        ASSERT_TRUE(saving());
-        ::PostMessageW(window, WM_CLOSE, 0, 0);
-        EXPECT_TRUE(dialog.waitForEnd());
-    }
-    EXPECT_EQ(data_.submitState, kWorkerRunning);
-    release_ = true;
-    EXPECT_TRUE(WaitUntil([this] { return workersEnded(); }));
-}
-
-TEST_F(Submitting, KeepsTheDialogFromOpeningUntilItEnded) {
-    {
-        const OpenDialog dialog;
-        const HWND window = dialog.window();
-        ASSERT_NE(window, nullptr);
-        ClickCheckBox(window, IDC_CAMERAS, 0);
-        Type(window, IDC_SCENE_NAME, L"other");
-        Press(window, IDC_SUBMIT);
-        ASSERT_TRUE(saving());
-        ::PostMessageW(window, WM_CLOSE, 0, 0);
-        EXPECT_TRUE(dialog.waitForEnd());
-    }
-    {
-        const OpenDialog second;
-        EXPECT_TRUE(second.waitForEnd());
-        ASSERT_EQ(boxes_->seen().size(), 1U);
-        EXPECT_EQ(boxes_->seen()[0].text.find(L"The last submission is still running."), 0U);
-    }
-    release_ = true;
-    ASSERT_TRUE(WaitUntil([this] { return workersEnded(); }));
-    const OpenDialog third;
-    EXPECT_NE(third.window(), nullptr);
+TEST_F(Submitting, GoesOnWhenTheDialogIsClosedAndTellsItsEnd) {
+    Press(window_, IDC_SUBMIT);
+    ASSERT_TRUE(waitForMessage());
+    ::PostMessageW(window_, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(host_.waitForEnd());
+    // Opening again waits for the submission.
+    host_.chooseSubmit();
+    MessageBoxWatcher watcher(L"Orv Rendering");
+    EXPECT_TRUE(host_.waitForEnd() || FindDialogWith(IDC_CAMERAS) != nullptr);
+    EXPECT_TRUE(watcher.waitForBoxes(1));
 }
 
 } // namespace

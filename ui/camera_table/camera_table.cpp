@@ -26,7 +26,7 @@ const Column kColumns[] = {
 };
 
 int DotsPerInch(HWND window) {
-    const HDC dc = ::GetDC(window);
+    HDC dc = ::GetDC(window);
     if (dc == nullptr)
         return USER_DEFAULT_SCREEN_DPI;
     const int dots = ::GetDeviceCaps(dc, LOGPIXELSX);

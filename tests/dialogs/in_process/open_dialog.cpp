@@ -1,4 +1,4 @@
-#include "tests/dialogs/open_dialog.h"
+#include "tests/dialogs/in_process/open_dialog.h"
 
 #include "resources/controls.h"
 #include "tests/dialogs/dialog_user.h"

@@ -1,0 +1,142 @@
+#include "tests/dialogs/plugin_host.h"
+
+#include "resources/controls.h"
+#include "standin/host/host.h"
+#include "tests/dialogs/dialog_user.h"
+#include "tests/support/files.h"
+#include "tests/support/wait_until.h"
+
+#include <stdexcept>
+
+namespace orv {
+namespace test {
+namespace {
+
+const wchar_t kMenuTitle[] = L"Orv Rendering";
+const char kParser[] = "MaxRenderGlobalsParser.mse";
+
+const char kScene[] = R"({
+    "cameras": ["Camera 01", {"name": "Camera 客厅", "width": 4096, "height": 2048}, "Door"],
+    "renderer": {"name": "V_Ray_Adv_4_10_03"},
+    "output": {"width": 1920, "height": 1080, "format": "png"},
+    "frames": {"start": 12, "end": 12},
+    "external_files": [{"path": "D:\\maps\\oak.jpg", "missing": true},
+                       {"path": "D:\\maps\\wall.png", "missing": true}]})";
+
+Json::Value Parsed(const std::string& json) {
+    Json::Value value;
+    Json::Reader reader;
+    if (!reader.parse(json, value))
+        throw std::runtime_error("the test's scene is no JSON");
+    return value;
+}
+
+std::wstring FolderOfThisProgram() {
+    wchar_t path[MAX_PATH] = {};
+    ::GetModuleFileNameW(nullptr, path, MAX_PATH);
+    const std::wstring whole = path;
+    return whole.substr(0, whole.rfind(L'\\'));
+}
+
+// The pull-down menu of the product, null when the host has none.
+HMENU ProductMenu(HWND host) {
+    HMENU bar = ::GetMenu(host);
+    for (int position = 0; position < ::GetMenuItemCount(bar); ++position) {
+        wchar_t title[64] = {};
+        ::GetMenuStringW(bar, static_cast<UINT>(position), title, 64, MF_BYPOSITION);
+        if (std::wstring(title) == kMenuTitle)
+            return ::GetSubMenu(bar, position);
+    }
+    return nullptr;
+}
+
+} // namespace
+
+PluginHost::PluginHost() : scene(Parsed(kScene)) {
+    product.writeSettings("port=12345\r\nlowerversion=1.3.7\r\n");
+    product.write(L"/script/MaxRenderGlobalsParser.mse", "-- parser");
+}
+
+PluginHost::~PluginHost() {
+    if (!thread_.joinable())
+        return;
+    WaitUntil([this] {
+        HWND dialog = FindDialogWith(IDC_CAMERAS);
+        if (dialog != nullptr)
+            ::PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+        return events("action_ended").size() == chosen_;
+    });
+    ::PostMessageW(window_, WM_CLOSE, 0, 0);
+    thread_.join();
+}
+
+void PluginHost::setParser(const std::string& does, const std::string& text) {
+    Json::Value& script = scene["scripts"][kParser];
+    script["does"] = does;
+    script["text"] = text;
+    script["message"] = text;
+}
+
+void PluginHost::start(LANGID language) {
+    if (!sceneName.empty()) {
+        WriteFileBytes(scenes.file(sceneName), "scene");
+        WriteFileBytes(scenes.file(sceneName + L".json"), Json::FastWriter().write(scene));
+    }
+    thread_ = std::thread([this, language] { run(language); });
+    if (!WaitUntil([this] { return !events("started").empty(); }))
+        throw std::runtime_error("the host did not start");
+}
+
+void PluginHost::run(LANGID language) {
+    standin::HostOptions options;
+    options.pluginFolder = FolderOfThisProgram();
+    options.scenePath = sceneName.empty() ? std::wstring() : scenes.file(sceneName);
+    options.language =
+        language == kEnglishLanguage ? standin::Language::English : standin::Language::Chinese;
+    // The plug-in selects the language when it is loaded, and stays loaded from its first
+    // submission on. Each test has a new main thread, for which the host's choice is made here.
+    const LanguageScope scope(language);
+    standin::Host host(options, [this](const Json::Value& event) {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        events_.push_back(event);
+    });
+    if (!host.start())
+        return;
+    window_ = host.window();
+    host.run();
+    host.stop();
+}
+
+void PluginHost::chooseSubmit() const {
+    if (!WaitUntil([this] { return window_ != nullptr && ProductMenu(window_) != nullptr; }))
+        throw std::runtime_error("the host has no menu of the product");
+    ++chosen_;
+    ::PostMessageW(window_, WM_COMMAND, ::GetMenuItemID(ProductMenu(window_), 0), 0);
+}
+
+HWND PluginHost::openDialog() const {
+    chooseSubmit();
+    HWND found = nullptr;
+    WaitUntil([this, &found] {
+        found = FindDialogWith(IDC_CAMERAS);
+        return found != nullptr || events("action_ended").size() == chosen_;
+    });
+    return found;
+}
+
+bool PluginHost::waitForEnd() const {
+    return WaitUntil([this] { return events("action_ended").size() == chosen_; });
+}
+
+std::vector<Json::Value> PluginHost::events(const std::string& name) const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    std::vector<Json::Value> found;
+    for (const Json::Value& event : events_) {
+        if (event["event"].asString() == name)
+            found.push_back(event);
+    }
+    return found;
+}
+
+} // namespace test
+} // namespace orv

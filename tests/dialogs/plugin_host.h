@@ -1,0 +1,63 @@
+// The plug-in as it ships, in a stand-in host of this process, with a scene and the client's
+// settings.
+#pragma once
+
+#include "base/noncopyable.h"
+#include "base/windows.h"
+#include "tests/support/module_scope.h"
+#include "tests/support/product_folder.h"
+#include "tests/support/temporary_folder.h"
+
+#include <json/json.h>
+
+#include <atomic>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace orv {
+namespace test {
+
+// The host runs on a thread of its own, which is its main thread; the test is the person before the
+// screen. Everything about the scene and the settings may be changed until start().
+class PluginHost : private rud_Noncopyable {
+public:
+    // A client that accepts this plug-in; a scene "Living room.max" of three cameras, "Camera
+    // \u5BA2\u5385" among them, in PNG, with two missing textures.
+    PluginHost();
+    // Cancels a dialog that is open and closes the host.
+    ~PluginHost();
+
+    const TestProductFolder product;
+    const TemporaryFolder scenes{L"\u573A\u666F folder"};
+    std::wstring sceneName = L"Living room.max"; // empty: a scene that was never saved
+    Json::Value scene; // its description, as the stand-in host's README has it
+
+    // Lets the parser behave as the stand-in host's README says for one script.
+    void setParser(const std::string& does, const std::string& text = std::string());
+
+    void start(LANGID language = kEnglishLanguage);
+
+    // Chooses the menu's first entry, once the host is started.
+    void chooseSubmit() const;
+    // The same, and the dialog once it is visible; null when it went without being shown.
+    HWND openDialog() const;
+    // Whether every command chosen so far has come to its end by the deadline.
+    bool waitForEnd() const;
+
+    // The host's events of that name so far.
+    std::vector<Json::Value> events(const std::string& name) const;
+
+private:
+    void run(LANGID language);
+
+    mutable std::mutex mutex_; // guards events_
+    std::vector<Json::Value> events_;
+    mutable std::atomic<std::size_t> chosen_{0};
+    std::atomic<HWND> window_{nullptr};
+    std::thread thread_;
+};
+
+} // namespace test
+} // namespace orv
