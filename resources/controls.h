@@ -21,6 +21,7 @@
 #define IDC_SUBMIT 1005
 #define IDC_CAMERAS 1006
 #define IDC_WARNINGS 1019
+#define IDC_EDIT_CAMERAS 1013 // render options of all selected rows
 #define IDC_INVERT_SELECTION 1028
 #define IDC_SELECT_ALL 1029
 #define IDC_NO_BLOCKS 1030
@@ -42,6 +43,46 @@
 #define IDC_GI_SCALE 1057
 #define IDC_NO_WARNINGS 1201 // stands in the list's place while it is empty
 
+// Main dialog: render elements and output.
+#define IDC_AO_SUBDIVS_SPIN 1046
+#define IDC_GAMMA_SPIN 1048
+#define IDC_AO_RADIUS_SPIN 1049
+#define IDC_GI_SCALE_LABEL 1055
+#define IDC_AO_RADIUS_LABEL 1066
+#define IDC_AO_RADIUS_UNIT 1067
+#define IDC_AO_SUBDIVS_LABEL 1068
+
+// Main dialog: blocks.
+#define IDC_BLOCK_COUNT 1075
+#define IDC_BLOCK_COUNT_SPIN 1076
+
+// Main dialog: limits of the Corona renderer, from left to right.
+#define IDC_PASS_LIMIT_LABEL 1061
+#define IDC_PASS_LIMIT_SPIN 1154
+#define IDC_PASS_LIMIT_UNIT 1012
+#define IDC_NOISE_LEVEL_LABEL 1058
+#define IDC_NOISE_LEVEL_SPIN 1148
+#define IDC_NOISE_LEVEL_UNIT 1059
+#define IDC_TIME_LIMIT_LABEL 1064
+#define IDC_TIME_LIMIT_SPIN 1147
+#define IDC_TIME_LIMIT_UNIT 1063
+#define IDC_LIMITS_NOTE 1060
+#define IDC_LIMITS_BOX 1052
+#define IDC_NO_LIMITS 1071 // stands in the limits' place for any other renderer
+#define IDC_NO_LIMITS_BOX 1204
+
+// Main dialog: boxes that grow or move with the window.
+#define IDC_SCENE_BOX 1205
+#define IDC_CAMERAS_BOX 1206
+#define IDC_ELEMENTS_BOX 1207
+#define IDC_BLOCKS_BOX 1208
+#define IDC_WARNINGS_BOX 1209
+#define IDC_SUBMIT_BOX 1210
+#define IDC_GAMMA_LABEL 1211
+#define IDC_BLOCK_COUNT_LABEL 1212
+
 // Progress dialog.
 #define IDC_PROGRESS_BAR 1202
 #define IDC_PROGRESS_TEXT 1203
+#define IDC_PROGRESS_TIME 1213
+#define IDC_PROGRESS_SIZE 1214
