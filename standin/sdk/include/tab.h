@@ -24,7 +24,10 @@ public:
     Tab() : header_(nullptr) {}
     Tab(const Tab&) = delete;
     Tab& operator=(const Tab&) = delete;
-    ~Tab() { TBMakeSize(&header_, 0, elementSize()); }
+    ~Tab() {
+        if (header_)
+            TBMakeSize(&header_, 0, elementSize());
+    }
 
     int Count() const { return header_ ? static_cast<int>(header_->count) : 0; }
     T& operator[](int i) { return reinterpret_cast<T*>(header_ + 1)[i]; }
@@ -43,3 +46,5 @@ private:
 
     TabHdr* header_;
 };
+
+static_assert(sizeof(Tab<void*>) == 8, "one pointer");
