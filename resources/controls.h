@@ -15,7 +15,7 @@
 
 // Main dialog.
 #define IDC_BACK_UP_SCENE 1000 // and clean it of script viruses
-#define IDC_REMEMBER 1001 // the options below in the settings file
+#define IDC_REMEMBER 1001      // the options below in the settings file
 #define IDC_SAVE_SCENE_FILE 1002
 #define IDC_ANALYSE_AGAIN 1004
 #define IDC_SUBMIT 1005
