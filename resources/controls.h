@@ -11,7 +11,9 @@
 
 // Dialogs.
 #define IDD_MAIN 102
+#define IDD_RENDER_OPTIONS 103
 #define IDD_PROGRESS 104
+#define IDD_LIST 105
 
 // Main dialog.
 #define IDC_BACK_UP_SCENE 1000 // and clean it of script viruses
@@ -86,3 +88,38 @@
 #define IDC_PROGRESS_TEXT 1203
 #define IDC_PROGRESS_TIME 1213
 #define IDC_PROGRESS_SIZE 1214
+
+// Render options dialog. The main dialog has other controls of some of these numbers.
+#define IDC_OPTIONS_CANCEL 103
+#define IDC_OPTIONS_APPLY 1014
+#define IDC_OPTIONS_WIDTH 1015
+#define IDC_OPTIONS_HEIGHT 1016
+#define IDC_OPTIONS_FRAME 1017
+#define IDC_OPTIONS_FORMAT 1018
+#define IDC_OPTIONS_VIEW 1019
+#define IDC_OPTIONS_NAME 1020 // of the output file; for a single camera
+#define IDC_OPTIONS_ASPECT_SPIN 1040
+#define IDC_OPTIONS_ASPECT 1041
+#define IDC_OPTIONS_ASPECT_LOCK 1042
+#define IDC_OPTIONS_CAMERA_LABEL 1069
+#define IDC_OPTIONS_NAME_LABEL 1070
+#define IDC_OPTIONS_CAMERA 1080 // its name in the scene
+#define IDC_OPTIONS_CORONA_NOTE 1215
+// Its padlocks: the first of each pair unlocks fields, the second locks them.
+#define IDC_OPTIONS_UNLOCK_VIEW 1072
+#define IDC_OPTIONS_LOCK_VIEW 1078
+#define IDC_OPTIONS_UNLOCK_FRAME 1073
+#define IDC_OPTIONS_LOCK_FRAME 1077
+#define IDC_OPTIONS_UNLOCK_FORMAT 1074
+#define IDC_OPTIONS_LOCK_FORMAT 1079
+#define IDC_OPTIONS_UNLOCK_SIZE 1075
+#define IDC_OPTIONS_LOCK_SIZE 1076
+
+// List dialog.
+#define IDC_LIST_LINES 1081
+#define IDC_LIST_LABEL 1080
+#define IDC_LIST_CLOSE 1078
+
+// Images of type "PNG": the padlocks.
+#define IDP_PADLOCK_OPEN 109
+#define IDP_PADLOCK_CLOSED 110
