@@ -1,5 +1,6 @@
 #include "client/client_link.h"
 
+#include "client/client_message.h"
 #include "client/tcp_exchange.h"
 #include "log/module_log.h"
 #include "resources/message_box.h"
@@ -29,9 +30,9 @@ int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ow
     ExchangeFailure failure;
     if (!Exchange(link, requestBody, reply, failure)) {
         log.write(failure.logText, kError);
-        ShowMessage(ownerWindow,
-                    ResourceText(IDS_CLIENT_UNREACHABLE) + std::to_wstring(failure.code), caption,
-                    MB_OK, marker);
+        ShowClientMessage(ownerWindow,
+                          ResourceText(IDS_CLIENT_UNREACHABLE) + std::to_wstring(failure.code),
+                          caption, marker);
         return kNoReply;
     }
     log.write("tcp read data successfully.", kInfo);
@@ -40,7 +41,7 @@ int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ow
     if (json.empty()) {
         // An answer that is not the client's is no fault of this program, hence the level.
         log.write("find '{' failed.", kInfo);
-        ShowMessage(ownerWindow, ResourceText(IDS_REPLY_WITHOUT_JSON), caption, MB_OK, marker);
+        ShowClientMessage(ownerWindow, ResourceText(IDS_REPLY_WITHOUT_JSON), caption, marker);
         return kNoReply;
     }
     return ReplyCodeMessage(json, ownerWindow, log);

@@ -1,6 +1,7 @@
 #include "client/reply_code.h"
 
 #include "analysis/text/text_convert.h"
+#include "client/client_message.h"
 #include "log/module_log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -86,7 +87,7 @@ int ReplyCodeMessage(const std::string& replyText, HWND ownerWindow, ModuleLog& 
         std::printf("Error %lu in WinHttpReadData.\n", ::GetLastError());
         std::fflush(stdout);
         log.write("Get response data failed: parse the data from client failed!", kError);
-        ShowMessage(ownerWindow, ResourceText(IDS_REPLY_UNREADABLE), caption, MB_OK, marker);
+        ShowClientMessage(ownerWindow, ResourceText(IDS_REPLY_UNREADABLE), caption, marker);
         return kNoReply;
     }
 
@@ -95,12 +96,12 @@ int ReplyCodeMessage(const std::string& replyText, HWND ownerWindow, ModuleLog& 
         return reply.code;
     if (known->textId != 0) {
         log.write(known->logText, known->severity);
-        ShowMessage(ownerWindow, ResourceText(known->textId), caption, MB_OK, marker);
+        ShowClientMessage(ownerWindow, ResourceText(known->textId), caption, marker);
     } else {
         log.write(reply.ownWords, known->severity);
         const std::wstring text =
             reply.hasOwnWords ? Utf8ToWide(reply.ownWords) : ResourceText(IDS_REPLY_UNREADABLE);
-        ShowMessage(ownerWindow, text, caption, MB_OK, marker);
+        ShowClientMessage(ownerWindow, text, caption, marker);
     }
     return reply.code;
 }
