@@ -16,4 +16,14 @@ std::wstring FolderPart(const std::wstring& path);
 std::wstring StemPart(const std::wstring& path);
 std::wstring ExtensionPart(const std::wstring& path);
 
+// Whether the path says by itself where it is, from a drive ("D:\a", "D:/a") or a computer of the
+// network ("\\server\a"), and has no character that names cannot have. Device paths
+// ("\\.\pipe") are none.
+bool IsFullPath(const std::wstring& path);
+
+// Whether `name` names a plain file in whatever folder it is put: it has no separator, no colon
+// (which would name a stream behind a file), no wildcard, quote, bar or control character, does not
+// end in a blank or full stop, and is no name of a device, such as "con.max".
+bool IsPlainFileName(const std::wstring& name);
+
 } // namespace orv

@@ -52,7 +52,14 @@ std::string SaveSceneAs(SceneAnalysis& analysis, HWND sceneNameEdit, const std::
         Log(kError, "Save scene: the scene has no file yet.");
         return {};
     }
-    const std::wstring path = folder + Utf8ToWide(wanted);
+    const std::wstring name = Utf8ToWide(wanted);
+    if (!IsPlainFileName(name)) {
+        // Windows takes "a:b.max" for a stream behind file "a" and "con.max" for a device: the
+        // scene would be written to where nobody finds it.
+        Log(kError, "Save scene: the name is no file's: " + wanted);
+        return {};
+    }
+    const std::wstring path = folder + name;
     if (!SaveTo(path))
         return {};
     // Recorded only now: after a refused save the next attempt has to save again.

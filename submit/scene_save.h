@@ -10,9 +10,9 @@ namespace orv {
 // Saves the open scene beside its file under `fileName` (UTF-8, with its extension), which it then
 // is open as. Returns the saved scene's full path (UTF-8), empty when the scene could not be saved;
 // the reason is in "rud_data". A scene that was never saved has no folder to go to, and is not
-// saved either. Nothing is saved when `fileName` is the name recorded at the last save; the scene's
-// path is returned. An empty name keeps the scene's: it is put into `sceneNameEdit` without its
-// extension.
+// saved either; no more is one under a name that is no plain file's (IsPlainFileName). Nothing is
+// saved when `fileName` is the name recorded at the last save; the scene's path is returned. An
+// empty name keeps the scene's: it is put into `sceneNameEdit` without its extension.
 std::string SaveSceneAs(SceneAnalysis& analysis, HWND sceneNameEdit, const std::string& fileName);
 
 } // namespace orv

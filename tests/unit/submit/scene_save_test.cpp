@@ -86,6 +86,17 @@ TEST_F(SceneSave, LeavesASceneAloneThatWasNeverSaved) {
     EXPECT_EQ(save(""), "");
 }
 
+TEST_F(SceneSave, RefusesANameThatIsNoPlainFiles) {
+    for (const char* name : {"a:b.max", "sub\\shot.max", "sub/shot.max", "..\\shot.max", "con.max",
+                             "shot.max ", "shot.max.", "a\nb.max", "*.max"}) {
+        EXPECT_EQ(save(name), "") << name;
+        EXPECT_EQ(analysis_.recordedSceneName, "") << name;
+    }
+    EXPECT_THAT(host_.savedPaths(), IsEmpty());
+    EXPECT_NE(product_.log(L"rud_data").find("[ERROR] Save scene: the name is no file's: a:b.max"),
+              std::string::npos);
+}
+
 TEST_F(SceneSave, RefusesAPathThatWindowsCannotTake) {
     const std::string longest(259 - std::string("D:\\work\\.max").size(), 'n');
     EXPECT_EQ(save(longest + ".max"), "D:\\work\\" + longest + ".max");
