@@ -9,12 +9,13 @@
 #include "submit/paths.h"
 #include "submit/random_text.h"
 
-#include <vector>
+#include <algorithm>
 
 namespace orv {
 namespace {
 
 constexpr char kArchiveExtension[] = ".7z";
+constexpr wchar_t kUnfinishedSuffix[] = L".tmp";
 
 bool Fail(const std::string& reason) {
     PluginData::instance().writeLog(kError, "Pack scene: " + reason);
@@ -27,15 +28,51 @@ std::string Quoted(const std::string& path) {
     return "\"" + path + "\"";
 }
 
-std::wstring ArchiveFolder(const JobPaths& paths, const SessionData& session) {
-    EnsureFolder(paths.compressDir);
-    const bool hasSaveFolder = session.present && !session.savePath.empty();
-    return hasSaveFolder && EnsureFolder(session.savePath) ? session.savePath : paths.compressDir;
-}
-
 std::wstring Joined(const std::wstring& folder, const std::wstring& name) {
     const bool hasSeparator = folder.back() == L'/' || folder.back() == L'\\';
     return hasSeparator ? folder + name : folder + L"/" + name;
+}
+
+// A path that came from outside, as one line of the log.
+std::string Printable(std::wstring text) {
+    std::replace_if(
+        text.begin(), text.end(), [](wchar_t character) { return character < L' '; }, L'?');
+    return WideToUtf8(text);
+}
+
+// The client may name any text. A folder that depends on the host's current one, or that reads like
+// a switch of the archiver, is none for the scene.
+bool CanTakeArchive(const std::wstring& saveFolder, const std::wstring& fileName) {
+    if (IsFullPath(saveFolder) && Joined(saveFolder, fileName).size() <= kLongestPath &&
+        EnsureFolder(saveFolder))
+        return true;
+    PluginData::instance().writeLog(kWarn, "Pack scene: the client's folder cannot be used: " +
+                                               Printable(saveFolder));
+    return false;
+}
+
+std::wstring ArchivePath(const JobPaths& paths, const SessionData& session,
+                         const std::wstring& fileName) {
+    EnsureFolder(paths.compressDir);
+    const bool hasSaveFolder = session.present && !session.savePath.empty();
+    return hasSaveFolder && CanTakeArchive(session.savePath, fileName)
+               ? Joined(session.savePath, fileName)
+               : Joined(paths.compressDir, fileName);
+}
+
+bool IsThere(const std::wstring& path) {
+    return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+void DeleteUnfinished(const std::wstring& path) {
+    if (!IsThere(path))
+        return;
+    if (::DeleteFileW(path.c_str())) {
+        PluginData::instance().writeLog(kInfo, "Unfinished archive deleted: " + WideToUtf8(path));
+        return;
+    }
+    const DWORD error = ::GetLastError();
+    Fail("delete of " + WideToUtf8(path) + " error, code is " + std::to_string(error));
 }
 
 ProcessHandle StartArchiver(const JobPaths& paths) {
@@ -64,9 +101,11 @@ bool PackScene(const std::string& scenePath, JobPaths& paths, const SessionData&
     const std::wstring baseName = StemPart(Utf8ToWide(scenePath));
     if (baseName.empty() || !IsUsableSceneName(baseName))
         return Fail("no archive can be named after " + scenePath);
+    if (!IsFullPath(Utf8ToWide(scenePath)) || !IsFullPath(paths.compressDir))
+        return Fail("this is no full path: " + scenePath);
     const std::string baseNameBytes = WideToUtf8(baseName);
     const std::string fileName = baseNameBytes + "_" + RandomText() + kArchiveExtension;
-    const std::wstring archivePath = Joined(ArchiveFolder(paths, session), Utf8ToWide(fileName));
+    const std::wstring archivePath = ArchivePath(paths, session, Utf8ToWide(fileName));
     if (archivePath.size() > kLongestPath)
         return Fail("the archive's path is too long: " + WideToUtf8(archivePath));
     const std::string password = ArchivePassword(baseNameBytes);
@@ -80,16 +119,21 @@ bool PackScene(const std::string& scenePath, JobPaths& paths, const SessionData&
 }
 
 void RunArchiver(const JobPaths& paths) {
+    const std::wstring archivePath = Utf8ToWide(paths.archivePath);
+    const bool isNew = !IsThere(archivePath);
     const ProcessHandle archiver = StartArchiver(paths);
     if (!archiver)
         return;
     ::WaitForSingleObject(archiver.get(), INFINITE);
     DWORD exitCode = 0;
     ::GetExitCodeProcess(archiver.get(), &exitCode);
-    if (exitCode != 0)
-        Fail("the archiver ended with code " + std::to_string(exitCode));
-    else
+    if (exitCode == 0) {
         PluginData::instance().writeLog(kInfo, "Scene packed into " + paths.archivePath);
+        return;
+    }
+    Fail("the archiver ended with code " + std::to_string(exitCode));
+    // A new archive is written in its place, one that was there before beside itself.
+    DeleteUnfinished(isNew ? archivePath : archivePath + kUnfinishedSuffix);
 }
 
 } // namespace orv

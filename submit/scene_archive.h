@@ -10,14 +10,15 @@ namespace orv {
 
 // Names the archive of `scenePath` (UTF-8) and prepares 7-Zip's arguments: sets `archivePath` and
 // `archiverArguments` of `paths`. The archive goes to the client's save folder where the session
-// data names one, else to the job's compress folder; either is made when missing. False, with the
-// reason in "rud_data", when the scene's name cannot be an archive's or the archive's path is too
-// long.
+// data names one that can be used, else to the job's compress folder; either is made when missing.
+// False, with the reason in "rud_data", when the scene's name cannot be an archive's, its path is
+// no full one, or the archive's path is too long.
 bool PackScene(const std::string& scenePath, JobPaths& paths, const SessionData& session);
 
 // Runs 7-Zip as PackScene prepared it and waits for its end, however long it takes. A 7-Zip that
-// cannot be started or ends with an exit code other than 0 leaves a line in "rud_data". The log
-// never has the arguments, because the password is among them.
+// cannot be started or ends with an exit code other than 0 leaves a line in "rud_data", and what it
+// had written of the archive is deleted. The log never has the arguments, because the password is
+// among them.
 void RunArchiver(const JobPaths& paths);
 
 } // namespace orv

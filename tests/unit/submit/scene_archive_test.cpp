@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <regex>
 
 namespace orv {
@@ -68,13 +69,37 @@ TEST_F(SceneArchive, GoesToTheCompressFolderWhenTheClientsCannotBeUsed) {
         bool isPresent;
         std::wstring path;
     } const cases[] = {
-        {false, folder_.path()}, {true, L""}, {true, folder_.file(L"no\\such\\folder")}};
+        {false, folder_.path()},
+        {true, L""},
+        {true, folder_.file(L"no\\such\\folder")},
+        {true, L"archives"},
+        {true, L"..\\archives"},
+        {true, L"-sdel"},
+        {true, L"@list"},
+        {true, L"\\archives"},
+        {true, L"C:archives"},
+        {true, folder_.path() + L"\" -sdel \""},
+        {true, folder_.file(L"a\nb")},
+        {true, folder_.path() + L"\\" + std::wstring(230, L'n')},
+    };
     for (const auto& save : cases) {
         session_.present = save.isPresent;
         session_.savePath = save.path;
         ASSERT_TRUE(pack(L"shot.max"));
         EXPECT_EQ(FolderPart(archive()), paths_.compressDir + L"/");
     }
+    EXPECT_NE(log().find("[WARN] Pack scene: the client's folder cannot be used: -sdel"),
+              std::string::npos);
+    EXPECT_NE(log().find("a?b\r\n"), std::string::npos) << "one line, whatever the client says";
+}
+
+TEST_F(SceneArchive, RefusesASceneWithoutAFullPath) {
+    for (const char* scene :
+         {"shot.max", "-sdel.max", "@list.max", "sub\\shot.max", "C:shot.max"}) {
+        EXPECT_FALSE(PackScene(scene, paths_, session_)) << scene;
+        EXPECT_TRUE(paths_.archivePath.empty()) << scene;
+    }
+    EXPECT_NE(log().find("[ERROR] Pack scene: this is no full path: shot.max"), std::string::npos);
 }
 
 TEST_F(SceneArchive, RefusesNamesThatWindowsWouldChange) {
@@ -91,31 +116,59 @@ TEST_F(SceneArchive, RefusesAPathThatIsTooLong) {
     EXPECT_NE(log().find("[ERROR] Pack scene: the archive's path is too long"), std::string::npos);
 }
 
-struct PackedScene {
-    const wchar_t* file;
-    const char* baseName;
-};
+// The longest path that the archive of a scene in `folder` can have. Its own folder is named
+// "compress", its name is the scene's with "_" and six characters and ".7z" behind.
+std::wstring LongestName(const std::wstring& folder) {
+    const std::size_t taken = folder.size() + 10 + 7 + 3; // "\\compress/"
+    return std::wstring(259 - taken, L'n');
+}
 
-TEST_F(SceneArchive, CanBeUnpackedWithItsPassword) {
+TEST_F(SceneArchive, ComesOutAsItWentInWhateverTheSceneIsCalled) {
     InstallArchiver();
     const std::string bytes = std::string(100000, 'm') + std::string("\0\xFF\r\n", 4);
-    const PackedScene cases[] = {
-        {L"shot.max", "shot"},
-        {L"\x573A\x666F one \xD83C\xDFA5.max", "\xE5\x9C\xBA\xE6\x99\xAF one \xF0\x9F\x8E\xA5"},
-        {L"-x [a] {b} & 'c' ^d;e,f=g!.v2.max", "-x [a] {b} & 'c' ^d;e,f=g!.v2"},
+    const std::wstring names[] = {
+        L"shot",
+        L"\x573A\x666F one \xD83C\xDFA5",
+        L"it's \x201Cso\x201D \x2018or\x2019 \xAB"
+        L"so\xBB \xFF02 \x300C\x300D",
+        L"[a] {b} & 'c' ^d;e,f=g! $h %PATH% ~1.v2",
+        L"-sdel",
+        L"-x!shot.max",
+        L"--",
+        L"@list",
+        L" blank first",
+        LongestName(folder_.path()),
     };
-    for (const PackedScene& packed : cases) {
-        ASSERT_TRUE(pack(packed.file));
+    WriteFileBytes(folder_.file(L"list.max"), "other bytes");
+    for (const std::wstring& name : names) {
+        SCOPED_TRACE(WideToUtf8(name));
+        ASSERT_TRUE(pack(name + L".max"));
         WriteFileBytes(scene_, bytes);
         RunArchiver(paths_);
-        ASSERT_TRUE(PathExists(archive())) << packed.baseName;
+        ASSERT_TRUE(PathExists(archive()));
+        EXPECT_TRUE(ReadFileBytes(scene_) == bytes) << "the scene is where it was";
         const TemporaryFolder out;
-        ASSERT_TRUE(Unpack(archive(), ArchivePassword(packed.baseName), out.path()))
-            << packed.baseName;
-        EXPECT_EQ(ListFolder(out.path()), std::vector<std::wstring>{packed.file});
-        EXPECT_TRUE(ReadFileBytes(out.file(packed.file)) == bytes) << packed.baseName;
+        ASSERT_TRUE(Unpack(archive(), ArchivePassword(WideToUtf8(name)), out.path()));
+        EXPECT_EQ(ListFolder(out.path()), std::vector<std::wstring>{name + L".max"});
+        EXPECT_TRUE(ReadFileBytes(out.file(name + L".max")) == bytes);
     }
+    EXPECT_EQ(ListFolder(paths_.compressDir).size(), 10U) << "an archive each, and nothing else";
     EXPECT_NE(log().find("[INFO] Scene packed into "), std::string::npos);
+}
+
+TEST_F(SceneArchive, TakesPathsWithEitherSeparator) {
+    InstallArchiver();
+    for (const wchar_t separator : {L'\\', L'/'}) {
+        std::wstring path = folder_.file(L"a\\b c\\shot.max");
+        std::replace(path.begin(), path.end(), L'\\', separator);
+        WriteFileBytes(path, "bytes");
+        ASSERT_TRUE(PackScene(WideToUtf8(path), paths_, session_));
+        RunArchiver(paths_);
+        const TemporaryFolder out;
+        ASSERT_TRUE(Unpack(archive(), ArchivePassword("shot"), out.path()));
+        EXPECT_EQ(ReadFileBytes(out.file(L"shot.max")), "bytes");
+        DeleteTree(archive()); // within one second the next has its name
+    }
 }
 
 TEST_F(SceneArchive, DoesNotOpenWithAnotherPassword) {
@@ -143,6 +196,15 @@ TEST_F(SceneArchive, LogsAnArchiverThatFails) {
     ASSERT_TRUE(pack(L"no such scene.max"));
     RunArchiver(paths_);
     EXPECT_NE(log().find("[ERROR] Pack scene: the archiver ended with code "), std::string::npos);
+    EXPECT_TRUE(ListFolder(paths_.compressDir).empty()) << "nothing half-written is left";
+}
+
+TEST_F(SceneArchive, OfTheSameNameIsKeptWhenANewOneFails) {
+    InstallArchiver();
+    ASSERT_TRUE(pack(L"shot.max"));
+    WriteFileBytes(archive(), "an archive of before");
+    RunArchiver(paths_); // there is no scene
+    EXPECT_EQ(ReadFileBytes(archive()), "an archive of before");
 }
 
 TEST_F(SceneArchive, LogsAnArchiverThatIsMissing) {
