@@ -19,18 +19,24 @@ void LogFailure(const wchar_t* section, const std::string& what) {
     PluginData::instance().writeLog(kWarn, "Session data " + WideToUtf8(section) + ": " + what);
 }
 
-// How many bytes can be read at `view`: a section may be smaller than the longest value.
-std::size_t ReadableBytes(const void* view) {
+// How much of the longest value the view has: a section may be smaller.
+std::size_t SizeOf(const void* view) {
     MEMORY_BASIC_INFORMATION region{};
-    if (::VirtualQuery(view, &region, sizeof(region)) == 0)
+    if (::VirtualQuery(view, &region, sizeof(region)) == 0 || region.State != MEM_COMMIT)
         return 0;
     return std::min<std::size_t>(region.RegionSize, kLongestValue);
 }
 
-// Copies before looking: the client may be writing at this moment.
+// Copies before looking: the client may be writing at this moment. The pages behind the view may be
+// reserved only, or lost with a network drive, and touching one would end the host. Windows copies
+// them for us, or says that it cannot: nothing is copied then.
 std::vector<char> CopyOf(const void* view) {
-    const char* const bytes = static_cast<const char*>(view);
-    return std::vector<char>(bytes, bytes + ReadableBytes(view));
+    std::vector<char> bytes(SizeOf(view));
+    SIZE_T copied = 0;
+    if (!::ReadProcessMemory(::GetCurrentProcess(), view, bytes.data(), bytes.size(), &copied))
+        copied = 0;
+    bytes.resize(copied);
+    return bytes;
 }
 
 // The bytes before the zero byte of a section.
@@ -45,6 +51,10 @@ bool ReadSection(const wchar_t* name, std::string& value) {
         return false;
     }
     const std::vector<char> bytes = CopyOf(view.get());
+    if (bytes.empty()) {
+        LogFailure(name, "its memory cannot be read.");
+        return false;
+    }
     const auto end = std::find(bytes.begin(), bytes.end(), '\0');
     if (end == bytes.end()) {
         LogFailure(name, "no zero byte at the end of the text.");

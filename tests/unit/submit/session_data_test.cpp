@@ -109,6 +109,45 @@ TEST_F(Session, StaysWithinASectionOfOnePageWithoutAZeroByte) {
     EXPECT_NE(product_.log(L"rud_data").find("no zero byte"), std::string::npos);
 }
 
+TEST_F(Session, TakesTheTextOfALargeSection) {
+    const FileMappingHandle user = MakeSection(kUserName, std::string("anna\0rest", 9), 1 << 20);
+    EXPECT_EQ(read().userName, L"anna");
+}
+
+TEST_F(Session, TakesASectionOfAFewBytes) {
+    // Windows gives whole pages; what lies behind the section's end reads as zero.
+    const FileMappingHandle user = MakeSection(kUserName, "anna", 4);
+    EXPECT_EQ(read().userName, L"anna");
+}
+
+// A section whose pages are reserved, but not there: a touch would end the process.
+FileMappingHandle MakeReservedSection(const wchar_t* name) {
+    return FileMappingHandle(::CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr,
+                                                  PAGE_READWRITE | SEC_RESERVE, 0, 8192, name));
+}
+
+TEST_F(Session, SurvivesASectionWithoutMemoryBehindIt) {
+    const FileMappingHandle user = MakeReservedSection(kUserName);
+    ASSERT_TRUE(user);
+    EXPECT_FALSE(read().present);
+    EXPECT_EQ(read().userName, L"before");
+    EXPECT_NE(product_.log(L"rud_data").find("its memory cannot be read"), std::string::npos);
+}
+
+TEST_F(Session, RefusesAUserNameThatIsNotUtf8) {
+    const FileMappingHandle user = MakeTextSection(kUserName, "\xC0\xAF");
+    const FileMappingHandle path = MakeTextSection(kSavePath, "D:\\out");
+    EXPECT_FALSE(read().present);
+    EXPECT_EQ(read().savePath, L"before");
+}
+
+TEST_F(Session, SurvivesASectionOfAnotherKind) {
+    const EventHandle event(::CreateEventW(nullptr, TRUE, FALSE, kUserName));
+    ASSERT_TRUE(event);
+    EXPECT_EQ(read().userName, L"before");
+    EXPECT_FALSE(read().present);
+}
+
 TEST_F(Session, RefusesWhatIsNotUtf8) {
     const FileMappingHandle user = MakeTextSection(kUserName, "anna");
     const FileMappingHandle path = MakeTextSection(kSavePath, "D:\\\xFF\xFE");
