@@ -18,10 +18,26 @@ int DrawNumber() {
     return std::rand();
 }
 
+bool IsThere(const std::wstring& path) {
+    return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+// The copy of a write-protected scene is write-protected, too.
+bool Delete(const std::wstring& path) {
+    ::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+    return ::DeleteFileW(path.c_str()) != FALSE;
+}
+
 DWORD Copy(const std::wstring& from, const std::wstring& to) {
     if (to.size() > kLongestPath)
         return ERROR_FILENAME_EXCED_RANGE;
-    return ::CopyFileW(from.c_str(), to.c_str(), FALSE) ? ERROR_SUCCESS : ::GetLastError();
+    const bool isNew = !IsThere(to);
+    if (::CopyFileW(from.c_str(), to.c_str(), FALSE))
+        return ERROR_SUCCESS;
+    const DWORD error = ::GetLastError();
+    if (isNew && IsThere(to)) // half of it, on a full disk
+        Delete(to);
+    return error;
 }
 
 } // namespace
@@ -46,6 +62,15 @@ bool BackupSceneFile(const SceneAnalysis& analysis, std::wstring& backupPath) {
         return false;
     backupPath = copyPath;
     return true;
+}
+
+SceneBackup::~SceneBackup() {
+    if (path.empty() || Delete(path))
+        return;
+    const DWORD error = ::GetLastError();
+    PluginData::instance().writeLog(kWarn, "Backup file " + WideToUtf8(path) +
+                                               " cannot be deleted! Code is " +
+                                               std::to_string(error));
 }
 
 } // namespace orv

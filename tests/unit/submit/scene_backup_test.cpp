@@ -17,7 +17,7 @@ TEST(BackupPathOfTest, AddsAtLeastSixDigits) {
     EXPECT_EQ(BackupPathOf(L"C:/a.b\\\x573A.v2.max", 0), L"C:/a.b\\\x573A.v2_000000.max");
 }
 
-class SceneBackup : public ::testing::Test {
+class SceneBackupFile : public ::testing::Test {
 protected:
     bool backUp(const std::wstring& scenePath) {
         SceneAnalysis analysis;
@@ -30,7 +30,7 @@ protected:
     std::wstring backupPath_;
 };
 
-TEST_F(SceneBackup, CopiesTheSceneBesideItself) {
+TEST_F(SceneBackupFile, CopiesTheSceneBesideItself) {
     const std::wstring scene = folder_.file(L"shot one.max");
     WriteFileBytes(scene, "scene bytes");
     ASSERT_TRUE(backUp(scene));
@@ -43,15 +43,50 @@ TEST_F(SceneBackup, CopiesTheSceneBesideItself) {
               std::string::npos);
 }
 
-TEST_F(SceneBackup, LogsTheCodeWhenThereIsNoScene) {
+TEST_F(SceneBackupFile, LogsTheCodeWhenThereIsNoScene) {
     EXPECT_FALSE(backUp(folder_.file(L"none.max")));
     EXPECT_TRUE(backupPath_.empty());
     EXPECT_NE(product_.log(L"rud_data").find(" Error! Code is 2"), std::string::npos);
 }
 
-TEST_F(SceneBackup, DoesNotCutALongPath) {
+TEST_F(SceneBackupFile, DoesNotCutALongPath) {
     EXPECT_FALSE(backUp(L"C:\\" + std::wstring(250, L'n') + L".max"));
     EXPECT_NE(product_.log(L"rud_data").find(" Error! Code is 206"), std::string::npos);
+}
+
+TEST_F(SceneBackupFile, TakesTheLongestPath) {
+    const std::wstring name(259 - folder_.path().size() - 12, L'n'); // "\" and "_012345.max"
+    const std::wstring scene = folder_.file(name + L".max");
+    WriteFileBytes(scene, "scene bytes");
+    ASSERT_TRUE(backUp(scene));
+    EXPECT_EQ(backupPath_.size(), 259U);
+    EXPECT_EQ(ReadFileBytes(backupPath_), "scene bytes");
+}
+
+TEST_F(SceneBackupFile, DeletesTheCopyOfAWriteProtectedScene) {
+    const std::wstring scene = folder_.file(L"shot.max");
+    WriteFileBytes(scene, "scene bytes");
+    ::SetFileAttributesW(scene.c_str(), FILE_ATTRIBUTE_READONLY);
+    ASSERT_TRUE(backUp(scene));
+    {
+        SceneBackup backup;
+        backup.path = backupPath_;
+    }
+    EXPECT_EQ(ListFolder(folder_.path()), std::vector<std::wstring>{L"shot.max"});
+    ::SetFileAttributesW(scene.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(SceneBackupFile, LogsACopyThatCannotBeDeleted) {
+    const std::wstring copy = folder_.file(L"shot_000417.max");
+    const FileHandle held = HoldExclusively(copy);
+    {
+        SceneBackup backup;
+        backup.path = copy;
+    }
+    EXPECT_NE(
+        product_.log(L"rud_data")
+            .find("[WARN] Backup file " + WideToUtf8(copy) + " cannot be deleted! Code is 32"),
+        std::string::npos);
 }
 
 } // namespace
