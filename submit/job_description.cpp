@@ -138,8 +138,11 @@ bool WriteTextFile(const std::wstring& path, const std::string& text) {
     if (!file)
         return false;
     const bool isWritten = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
-    if (std::fclose(file.release()) != 0 || !isWritten)
+    if (std::fclose(file.release()) != 0 || !isWritten) {
+        // Half a job is worse than none: the client says that there is none.
         PluginData::instance().writeLog(kError, "Write json file error: " + WideToUtf8(path));
+        ::DeleteFileW(path.c_str());
+    }
     return true;
 }
 
