@@ -7,6 +7,7 @@
 #include "client/client_link.h"
 #include "client/guid_text.h"
 #include "config/plugin_data.h"
+#include "config/progress_hold.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -37,11 +38,6 @@ constexpr const char* kGiScales[] = {"100%", "50%", "33%", "25%"};
 
 const char* GiScaleText(LRESULT selection) {
     return kGiScales[selection >= 1 && selection <= 3 ? selection : 0];
-}
-
-// The progress window is another worker's; flags are all that is shared with it.
-bool IsProgressShown(const PluginData& data) {
-    return data.progressState == kWorkerRunning;
 }
 
 // One submission. The steps that can end it return false and have set `result_` by then.
@@ -76,12 +72,6 @@ public:
         return kSubmitEnded;
     }
 
-    // Takes the progress window away.
-    void endProgress() {
-        if (IsProgressShown(data_))
-            data_.done = true;
-    }
-
 private:
     void takeCoronaLimits();
     bool checkCameras();
@@ -99,9 +89,11 @@ private:
     void postJob();
 
     bool askWithoutCameras();
+    double number(int control, double otherwise) const;
+    std::int32_t wholeNumber(int control, std::int32_t otherwise) const;
     int show(unsigned textId, UINT type = MB_OK);
     bool end(std::int32_t result);
-    bool endWith(unsigned textId, std::int32_t result);
+    bool endWith(unsigned textId, std::int32_t result, const char* reason);
     void closeDialog() { ::EndDialog(dialog_, 0); }
 
     PluginData& data_ = PluginData::instance();
@@ -117,18 +109,29 @@ private:
     std::string requestBody_;
 };
 
+// What the dialog has no control for keeps the value that the analysis found.
+double Submission::number(int control, double otherwise) const {
+    return HasControl(dialog_, control) ? ControlNumber(dialog_, control) : otherwise;
+}
+
+std::int32_t Submission::wholeNumber(int control, std::int32_t otherwise) const {
+    return HasControl(dialog_, control) ? ControlWholeNumber(dialog_, control) : otherwise;
+}
+
 int Submission::show(unsigned textId, UINT type) {
+    const ProgressHold hold;
     return ShowMessage(dialog_, ResourceText(textId), caption_, type);
 }
 
 bool Submission::end(std::int32_t result) {
-    endProgress();
+    EndProgress();
     result_ = result;
     return false;
 }
 
-bool Submission::endWith(unsigned textId, std::int32_t result) {
-    end(result); // before the box, which would stand under the progress window
+bool Submission::endWith(unsigned textId, std::int32_t result, const char* reason) {
+    end(result); // before the box: the progress window does not come back behind it
+    data_.writeLog(kError, std::string("Submission: ") + reason);
     show(textId);
     return false;
 }
@@ -137,24 +140,27 @@ void Submission::takeCoronaLimits() {
     analysis_.useCorona = analysis_.coronaState != CoronaLimitState::NoLimits;
     if (!analysis_.useCorona)
         return;
-    const std::int32_t passes = ControlWholeNumber(dialog_, IDC_PASS_LIMIT);
-    const double hours = ControlNumber(dialog_, IDC_TIME_LIMIT);
-    const double noise = ControlNumber(dialog_, IDC_NOISE_LEVEL);
+    const std::int32_t passes = wholeNumber(IDC_PASS_LIMIT, analysis_.coronaPassLimit);
+    const double hours = number(IDC_TIME_LIMIT, analysis_.coronaTimeLimitHours);
+    const double noise = number(IDC_NOISE_LEVEL, analysis_.coronaNoiseLimit);
     const bool hasLimit = passes != 0 || hours < 0.0 || hours > 0.0 || noise < 0.0 || noise > 0.0;
     if (!hasLimit)
         return;
     analysis_.coronaPassLimit = passes;
     analysis_.coronaTimeLimitHours = hours;
-    analysis_.coronaTimeLimitSeconds = Truncated(hours * 3600.0);
+    if (HasControl(dialog_, IDC_TIME_LIMIT)) // the analysis' own seconds have no rounding in them
+        analysis_.coronaTimeLimitSeconds = Truncated(hours * 3600.0);
     analysis_.coronaNoiseLimit = noise;
 }
 
 bool Submission::checkCameras() {
     std::vector<std::wstring> badNames;
-    switch (
-        ValidateCamerasForSubmit(::GetDlgItem(dialog_, IDC_CAMERAS), analysis_.cameras, badNames)) {
+    const int outcome =
+        ValidateCamerasForSubmit(::GetDlgItem(dialog_, IDC_CAMERAS), analysis_.cameras, badNames);
+    ::SendMessageW(dialog_, kRebuildCameraTable, 0, 0); // the table shows what was taken
+    switch (outcome) {
     case kCameraNamesBad:
-        return endWith(IDS_CAMERA_NAMES_UNUSABLE, kSubmitFailed);
+        return endWith(IDS_CAMERA_NAMES_UNUSABLE, kSubmitFailed, "a camera name cannot be used.");
     case kNoCameraChecked:
         return askWithoutCameras();
     default:
@@ -163,12 +169,7 @@ bool Submission::checkCameras() {
 }
 
 bool Submission::askWithoutCameras() {
-    if (IsProgressShown(data_))
-        data_.hide = true;
-    if (show(IDS_NO_CAMERA_TICKED, MB_OKCANCEL) == IDCANCEL)
-        return end(kSubmitFailed);
-    data_.hide = false;
-    return true;
+    return show(IDS_NO_CAMERA_TICKED, MB_OKCANCEL) != IDCANCEL || end(kSubmitFailed);
 }
 
 bool Submission::checkCorona() {
@@ -179,13 +180,15 @@ void Submission::takeRenderElements() {
     analysis_.colorChannel = IsChecked(dialog_, IDC_COLOR_CHANNEL);
     analysis_.aoChannel = IsChecked(dialog_, IDC_AO_CHANNEL);
     if (analysis_.aoChannel) {
-        analysis_.aoRadius = ControlNumber(dialog_, IDC_AO_RADIUS);
-        analysis_.aoSubdivs = ControlWholeNumber(dialog_, IDC_AO_SUBDIVS);
+        analysis_.aoRadius = number(IDC_AO_RADIUS, analysis_.aoRadius);
+        analysis_.aoSubdivs = wholeNumber(IDC_AO_SUBDIVS, analysis_.aoSubdivs);
     }
     analysis_.materialChannel = IsChecked(dialog_, IDC_MATERIAL_CHANNEL);
     analysis_.giChannel = IsChecked(dialog_, IDC_GI_CHANNEL);
     analysis_.psdChannel = IsChecked(dialog_, IDC_PSD_CHANNEL);
-    analysis_.gamma = static_cast<float>(ControlNumber(dialog_, IDC_GAMMA));
+    // A report without a gamma leaves the product's own.
+    const float gammaFound = analysis_.gammaOut > 0.0F ? analysis_.gammaOut : analysis_.gamma;
+    analysis_.gamma = static_cast<float>(number(IDC_GAMMA, gammaFound));
 }
 
 bool Submission::takeSceneName() {
@@ -193,7 +196,7 @@ bool Submission::takeSceneName() {
     sceneName_ = SceneNameOf(typed);
     if (IsUsableSceneName(typed) && IsUsableSceneName(sceneName_))
         return true;
-    endWith(IDS_SCENE_NAME_UNUSABLE, kSubmitFailed);
+    endWith(IDS_SCENE_NAME_UNUSABLE, kSubmitFailed, "the scene's name cannot be used.");
     closeDialog();
     return false;
 }
@@ -203,7 +206,7 @@ bool Submission::saveScene() {
         sceneName_.empty() ? std::string() : WideToUtf8(SceneFileNameOf(sceneName_));
     scenePath_ = SaveSceneAs(analysis_, ::GetDlgItem(dialog_, IDC_SCENE_NAME), fileName);
     if (scenePath_.empty())
-        return endWith(IDS_SCENE_NOT_SAVED, kSubmitEnded);
+        return endWith(IDS_SCENE_NOT_SAVED, kSubmitEnded, "the scene is not saved.");
     if (sceneName_.empty())
         sceneName_ = StemPart(Utf8ToWide(scenePath_)); // the name that the scene kept
     return true;
@@ -226,7 +229,7 @@ void Submission::preparePaths() {
 bool Submission::makeOutputFolder() {
     const std::wstring sceneFolder = FolderPart(Utf8ToWide(scenePath_));
     if (sceneFolder.empty())
-        return endWith(IDS_SCENE_NOT_SAVED, kSubmitEnded);
+        return endWith(IDS_SCENE_NOT_SAVED, kSubmitEnded, "the scene has no folder.");
     const std::wstring outputFolder = sceneFolder + sceneName_ + kOutputFolderSuffix;
     EnsureFolder(outputFolder); // if it fails, the job file cannot be written, and that is told
     paths_.jsonDir = outputFolder + L"/json";
@@ -234,13 +237,10 @@ bool Submission::makeOutputFolder() {
     return true;
 }
 
-// The copy is a safety net for as long as the cleaning scripts run.
 void Submission::cleanScene() {
-    std::wstring backupPath;
-    BackupSceneFile(analysis_, backupPath);
+    SceneBackup backup; // a safety net for as long as the cleaning scripts run
+    BackupSceneFile(analysis_, backup.path);
     RunVirusScripts();
-    if (!backupPath.empty())
-        ::DeleteFileW(backupPath.c_str());
 }
 
 bool Submission::packScene() {
@@ -248,7 +248,7 @@ bool Submission::packScene() {
     readSessionData(session);
     if (PackScene(scenePath_, paths_, session))
         return true;
-    endWith(IDS_SCENE_NAME_UNUSABLE, kSubmitFailed);
+    endWith(IDS_SCENE_NAME_UNUSABLE, kSubmitFailed, "the scene cannot be packed.");
     closeDialog();
     return false;
 }
@@ -271,17 +271,27 @@ void Submission::postJob() {
         closeDialog();
 }
 
+std::int32_t RunSubmission(HWND dialog, std::wstring caption) {
+    std::string what = "unknown error";
+    try {
+        return Submission(dialog, std::move(caption)).run();
+    } catch (const std::exception& error) {
+        what = error.what();
+    } catch (...) {
+        // Nothing is known of it.
+    }
+    PluginData::instance().writeLog(kError, "Submission: unexpected error: " + what);
+    EndProgress();
+    return kSubmitFailed;
+}
+
 } // namespace
 
 std::int32_t SubmitJob(HWND dialog, std::wstring caption, std::wstring, std::wstring) {
-    Submission submission(dialog, std::move(caption));
-    try {
-        return submission.run();
-    } catch (const std::exception& error) {
-        PluginData::instance().writeLog(kError, std::string("Submission ended: ") + error.what());
-        submission.endProgress();
-        return kSubmitFailed;
-    }
+    const std::int32_t result = RunSubmission(dialog, std::move(caption));
+    PluginData::instance().writeLog(kInfo,
+                                    "The submission ended with " + std::to_string(result) + ".");
+    return result;
 }
 
 } // namespace orv

@@ -7,6 +7,9 @@
 
 namespace orv {
 
+// Tells the main dialog, from any thread, that the camera records or the warnings have changed.
+constexpr UINT kRebuildCameraTable = WM_USER + 1;
+
 // One row of the camera table as the user sees it.
 struct CameraRow {
     std::wstring name; // column 0

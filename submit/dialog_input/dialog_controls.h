@@ -9,6 +9,11 @@
 
 namespace orv {
 
+// Whether the dialog has the control at all.
+inline bool HasControl(HWND dialog, int control) {
+    return ::GetDlgItem(dialog, control) != nullptr;
+}
+
 // Whether a check box is checked; the third state of a three-state box is not.
 bool IsChecked(HWND dialog, int control);
 

@@ -3,6 +3,7 @@
 
 #include "client/winsock_session.h"
 #include "config/plugin_data.h"
+#include "submit/dialog_input/camera_rows.h"
 #include "ui/camera_table/camera_table.h"
 #include "ui/dialog.h"
 
@@ -10,9 +11,6 @@
 #include <string>
 
 namespace orv {
-
-// Tells the dialog, from any thread, that the camera records or the warnings have changed.
-constexpr UINT kRebuildCameraTable = WM_USER + 1;
 
 // Ends with 0, or with kSceneNotAnalysed.
 class MainDialog : public Dialog {

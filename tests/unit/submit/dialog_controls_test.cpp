@@ -31,6 +31,8 @@ TEST(DialogControls, OfWhichNoneExistsReadAsNothing) {
     EXPECT_EQ(ControlText(dialog.handle(), kAbsent), L"");
     EXPECT_DOUBLE_EQ(ControlNumber(dialog.handle(), kAbsent), 0.0);
     EXPECT_EQ(ControlWholeNumber(nullptr, kAbsent), 0);
+    EXPECT_FALSE(HasControl(dialog.handle(), kAbsent));
+    EXPECT_TRUE(HasControl(dialog.handle(), IDC_GAMMA));
 }
 
 TEST(DialogControls, CountAsCheckedOnlyWhenTheyAreFullyChecked) {

@@ -49,7 +49,7 @@ TEST_F(SubmitJobEnd, WhenTheUserCancelsForWantOfACheckedCamera) {
     dialog_.setCameras({{L"Cam", false}});
     EXPECT_EQ(submitToBox(IDS_NO_CAMERA_TICKED, IDCANCEL), kSubmitFailed);
     EXPECT_TRUE(data_.done);
-    EXPECT_TRUE(data_.hide);
+    EXPECT_FALSE(data_.hide) << "for the length of the question only";
     EXPECT_TRUE(dialog_.isOpen());
     expectNothingDone();
 }
@@ -93,6 +93,23 @@ TEST_F(SubmitJobEnd, AtASceneNameThatCannotBeUsed) {
     EXPECT_EQ(dialog_.result(), 0);
     expectNothingDone();
 }
+
+// A name that Windows would take for something else than a file beside the scene.
+class MisleadingSceneName : public SubmitJobEnd,
+                            public ::testing::WithParamInterface<const wchar_t*> {};
+
+TEST_P(MisleadingSceneName, SavesNothingAnywhere) {
+    dialog_.setText(IDC_SCENE_NAME, GetParam());
+    EXPECT_EQ(submitToBox(IDS_SCENE_NOT_SAVED), kSubmitEnded);
+    EXPECT_TRUE(dialog_.isOpen());
+    EXPECT_EQ(ListFolder(folder_.path()), std::vector<std::wstring>{L"room.max"});
+    EXPECT_NE(log().find("[ERROR] Save scene: the name is no file's: "), std::string::npos);
+    expectNothingDone();
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, MisleadingSceneName,
+                         ::testing::Values(L"a:b", L"sub\\shot", L"../shot", L"D:\\shot", L"con",
+                                           L"LPT1.v2", L"a*b", L"a\"b"));
 
 class UnusableSceneName : public SubmitJobEnd,
                           public ::testing::WithParamInterface<const wchar_t*> {};

@@ -123,6 +123,37 @@ TEST_F(SubmitJobTest, KeepsTheAnalysedCoronaLimitsWhenTheDialogHasNone) {
     EXPECT_TRUE(data_.analysis.useCorona);
 }
 
+TEST_F(SubmitJobTest, KeepsWhatTheAnalysisFoundWhereTheDialogHasNoControl) {
+    for (const int control : {IDC_GAMMA, IDC_AO_RADIUS, IDC_AO_SUBDIVS, IDC_PASS_LIMIT,
+                              IDC_TIME_LIMIT, IDC_NOISE_LEVEL, IDC_GI_SCALE})
+        dialog_.takeAway(control);
+    dialog_.check(IDC_AO_CHANNEL);
+    dialog_.check(IDC_GI_CHANNEL);
+    SceneAnalysis& analysis = data_.analysis;
+    analysis.gammaOut = 1.8F;
+    analysis.coronaState = CoronaLimitState::Limited;
+    analysis.coronaPassLimit = 77;
+    analysis.coronaTimeLimitHours = 3610.0 / 3600.0;
+    analysis.coronaTimeLimitSeconds = 3610;
+    analysis.coronaNoiseLimit = 5.0;
+    submitAnswered(10001);
+    const Json::Value options = job()["max_options"];
+    EXPECT_FLOAT_EQ(options["gamma_out"].asFloat(), 1.8F);
+    EXPECT_EQ(options["ao_radius"].asDouble(), 1000.0);
+    EXPECT_EQ(options["ao_subdivs"].asInt(), 16);
+    EXPECT_EQ(options["gi_image_scale"].asString(), "100%");
+    const Json::Value corona = job()["corona_options"];
+    EXPECT_EQ(corona["CoronaPassLimit"].asInt(), 77);
+    EXPECT_EQ(corona["CoronaTimeLimit"].asInt(), 3610);
+    EXPECT_DOUBLE_EQ(corona["CoronaNoiseLevelLimit"].asDouble(), 0.05);
+}
+
+TEST_F(SubmitJobTest, KeepsItsOwnGammaWhenNeitherReportNorDialogHasOne) {
+    dialog_.takeAway(IDC_GAMMA);
+    submitAnswered(10001);
+    EXPECT_FLOAT_EQ(job()["max_options"]["gamma_out"].asFloat(), 2.2F);
+}
+
 TEST_F(SubmitJobTest, KeepsTheScenesNameWhenNoneIsTyped) {
     dialog_.setText(IDC_SCENE_NAME, L"");
     submitAnswered(10001);
@@ -151,10 +182,24 @@ TEST_F(SubmitJobTest, BacksTheSceneUpForTheLengthOfItsCleaning) {
     EXPECT_NE(log().find(" Success!"), std::string::npos);
 }
 
+TEST_F(SubmitJobTest, LeavesNoBackupOfAWriteProtectedScene) {
+    dialog_.check(IDC_BACK_UP_SCENE);
+    dialog_.setText(IDC_SCENE_NAME, L"");
+    ::SetFileAttributesW(host_.sceneFilePath.c_str(), FILE_ATTRIBUTE_READONLY);
+    submitAnswered(10001);
+    EXPECT_EQ(ListFolder(folder_.path()).size(), 2U) << "the scene and the output folder";
+    ::SetFileAttributesW(host_.sceneFilePath.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
 TEST_F(SubmitJobTest, RunsNoCleaningScriptsWithoutBeingAsked) {
     submitAnswered(10001);
     EXPECT_THAT(host_.scripts(), IsEmpty());
     EXPECT_EQ(log().find("Backup file"), std::string::npos);
+}
+
+TEST_F(SubmitJobTest, TellsTheDialogToShowItsCamerasAnew) {
+    submitAnswered(10001);
+    EXPECT_EQ(dialog_.rebuilds(), 1);
 }
 
 TEST_F(SubmitJobTest, LeavesTheDialogOpenWhenTheClientRefuses) {

@@ -1,6 +1,7 @@
 #include "tests/unit/submit/test_dialog.h"
 
 #include "resources/controls.h"
+#include "submit/dialog_input/camera_rows.h"
 #include "submit/dialog_input/dialog_controls.h"
 #include "tests/support/wait_until.h"
 
@@ -35,6 +36,12 @@ const ControlKind kControls[] = {
     {IDC_CAMERAS, WC_LISTVIEWW, LVS_REPORT},
 };
 
+// What the dialog gets when it opens.
+struct Opening {
+    std::promise<HWND> opened;
+    std::atomic<int>* rebuilds;
+};
+
 void MakeControls(HWND dialog) {
     for (const ControlKind& kind : kControls) {
         ::CreateWindowExW(0, kind.windowClass, L"", WS_CHILD | WS_VISIBLE | kind.style, 0, 0, 100,
@@ -56,7 +63,13 @@ INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM, LPARAM parameter) 
     switch (message) {
     case WM_INITDIALOG:
         MakeControls(dialog);
-        reinterpret_cast<std::promise<HWND>*>(parameter)->set_value(dialog);
+        ::SetWindowLongPtrW(
+            dialog, GWLP_USERDATA,
+            reinterpret_cast<LONG_PTR>(reinterpret_cast<const Opening*>(parameter)->rebuilds));
+        reinterpret_cast<Opening*>(parameter)->opened.set_value(dialog);
+        return TRUE;
+    case kRebuildCameraTable:
+        ++*reinterpret_cast<std::atomic<int>*>(::GetWindowLongPtrW(dialog, GWLP_USERDATA));
         return TRUE;
     case WM_CLOSE:
         ::EndDialog(dialog, IDCANCEL);
@@ -98,6 +111,7 @@ TestDialog::~TestDialog() {
 }
 
 void TestDialog::run(std::promise<HWND> opened) {
+    Opening opening = {std::move(opened), &rebuilds_};
     EmptyDialog dialog{};
     dialog.head.style = WS_POPUP | WS_VISIBLE;
     dialog.head.x = -2000;
@@ -105,7 +119,7 @@ void TestDialog::run(std::promise<HWND> opened) {
     dialog.head.cx = 200;
     dialog.head.cy = 200;
     result_ = ::DialogBoxIndirectParamW(::GetModuleHandleW(nullptr), &dialog.head, nullptr,
-                                        Procedure, reinterpret_cast<LPARAM>(&opened));
+                                        Procedure, reinterpret_cast<LPARAM>(&opening));
 }
 
 void TestDialog::setText(int id, const std::wstring& text) const {
@@ -122,6 +136,10 @@ void TestDialog::check(int id, UINT state) const {
 
 void TestDialog::select(int id, int index) const {
     ::SendDlgItemMessageW(handle_, id, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
+void TestDialog::takeAway(int id) const {
+    ::SetWindowLongPtrW(control(id), GWLP_ID, 0); // only its own thread could destroy it
 }
 
 void TestDialog::setCameras(const std::vector<TestCamera>& cameras) const {

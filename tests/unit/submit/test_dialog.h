@@ -4,6 +4,7 @@
 #include "base/noncopyable.h"
 #include "base/windows.h"
 
+#include <atomic>
 #include <future>
 #include <string>
 #include <thread>
@@ -31,7 +32,12 @@ public:
     std::wstring text(int id) const;
     void check(int id, UINT state = BST_CHECKED) const;
     void select(int id, int index) const;
+    // From now on the dialog has no such control.
+    void takeAway(int id) const;
     void setCameras(const std::vector<TestCamera>& cameras) const;
+
+    // How often it was told that the camera records have changed.
+    int rebuilds() const { return rebuilds_; }
 
     // Whether the dialog has been ended, waiting for it at most one deadline; its result by then.
     bool waitForEnd();
@@ -44,6 +50,7 @@ private:
 
     HWND handle_ = nullptr;
     INT_PTR result_ = 0;
+    std::atomic<int> rebuilds_{0};
     std::future<void> ended_;
     std::thread thread_;
 };
