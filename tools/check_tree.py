@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
-"""Own checks of the source tree: words of unfinished work, the order of the folders, cycles.
+"""Own checks of the tree: words of unfinished work, the order of the folders, cycles, links of the pages.
 
 Prints one line for each fault and ends with 1 when there was any."""
 
 import re
 import sys
 
-from source_tree import Includes, text_of, tracked_files
+from source_tree import ROOT, Includes, text_of, tracked_files
 
 # Upper folders may use the folders below them, never the other way round. `resources` and `host` stand
 # beside: whoever needs a text or the host may use them, and they use `base` alone.
@@ -90,10 +90,21 @@ def cycles(includes):
             yield f"include cycle: {cycle}"
 
 
+def dead_links(names):
+    """Links of our pages that lead to no file of ours."""
+    for name in names:
+        if not name.endswith(".md"):
+            continue
+        for target in re.findall(r"\]\(([^)#\s]+)[^)]*\)", text_of(name)):
+            if "://" not in target and not (ROOT / name).parent.joinpath(target).exists():
+                yield f"{name}: links to {target}, which is not there"
+
+
 def main():
     names = tracked_files()
     includes = Includes(names)
-    faults = [*forbidden_words(names), *folder_order(includes), *sdk_fence(includes), *cycles(includes)]
+    faults = [*forbidden_words(names), *folder_order(includes), *sdk_fence(includes), *cycles(includes),
+              *dead_links(names)]
     for fault in faults:
         print(fault)
     print(f"{len(names)} files, {len(includes.sources)} sources, {len(faults)} faults")
