@@ -18,8 +18,7 @@ void SetSceneName(HWND field, const std::string& fileName) {
 }
 
 std::wstring GetSceneName(HWND field) {
-    const std::wstring name =
-        SceneFileNameOf(ControlText(::GetParent(field), ::GetDlgCtrlID(field)));
+    std::wstring name = SceneFileNameOf(ControlText(::GetParent(field), ::GetDlgCtrlID(field)));
     WriteDialogLog(kInfo, "Get scene name text down, it is :" + WideToUtf8(name));
     return name;
 }
