@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <mutex>
 #include <string>
+#include <vector>
 
 namespace orv {
 
@@ -18,6 +19,12 @@ namespace orv {
 constexpr std::int32_t kWorkerNone = -1;
 constexpr std::int32_t kWorkerRunning = 0;
 constexpr std::int32_t kWorkerFinished = 11;
+
+// A control of the render options dialog that shows one of two images.
+struct ImageSlot {
+    int control; // its id
+    bool on;
+};
 
 class PluginData : private rud_Noncopyable {
 public:
@@ -37,6 +44,11 @@ public:
 
     // The dialog's remembered controls, by kind, in the order in which they are saved.
     const RememberedControlLists rememberedControls;
+
+    // The render options dialog: whether it edits several cameras at once, and its images. For the
+    // dialogs' own thread.
+    bool editsSeveralCameras = false;
+    std::vector<ImageSlot> imageSlots;
 
     // Shared by the dialog and its workers without a lock.
     std::atomic<std::int32_t> submitState{kWorkerNone};

@@ -4,6 +4,8 @@
 #include "host/host_api.h"
 #include "host/main_thread.h"
 
+static_assert(orv_host_spinner_changed == (CC_SPINNER_CHANGE), "the host's own message");
+
 namespace {
 
 // Gives a spinner back to the host when it goes.

@@ -45,6 +45,9 @@ int orv_host_setup_float_spinner(HWND dialog, int spinner, int edit, float minim
                                  float value, float step);
 int orv_host_setup_int_spinner(HWND dialog, int spinner, int edit, int minimum, int maximum,
                                int value);
+// A spinner of the host tells its dialog by this message that the user has changed its value; the
+// spinner's id is the low word of the first parameter.
+enum { orv_host_spinner_changed = WM_USER + 600 };
 // Value of a spinner; 0 when the control is no spinner of the host. Setting it tells nobody.
 float orv_host_spinner_float(HWND dialog, int spinner);
 void orv_host_set_spinner_float(HWND dialog, int spinner, float value);

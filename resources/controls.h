@@ -104,7 +104,7 @@
 #define IDC_OPTIONS_CAMERA_LABEL 1069
 #define IDC_OPTIONS_NAME_LABEL 1070
 #define IDC_OPTIONS_CAMERA 1080 // its name in the scene
-#define IDC_OPTIONS_CORONA_NOTE 1215
+#define IDC_OPTIONS_CORONA_NOTE 1230
 // Its padlocks: the first of each pair unlocks fields, the second locks them.
 #define IDC_OPTIONS_UNLOCK_VIEW 1072
 #define IDC_OPTIONS_LOCK_VIEW 1078

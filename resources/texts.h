@@ -78,6 +78,9 @@
 #define IDS_SAME_FILES_HEADING 63
 #define IDS_SAME_FILE_PREFIX 61
 
+// Render options dialog: its title for several cameras.
+#define IDS_OPTIONS_TITLE_SEVERAL 230
+
 // Render options dialog: names.
 #define IDS_NAME_CHARACTERS_REMOVED 67
 #define IDS_NAME_BEGINS_WITH_SPACE 69

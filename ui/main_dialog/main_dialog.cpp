@@ -11,6 +11,7 @@
 #include "submit/dialog_input/dialog_log.h"
 #include "ui/camera_table/scene_name_field.h"
 #include "ui/camera_table/warnings_list.h"
+#include "ui/main_dialog/camera_editing.h"
 #include "ui/main_dialog/client_version.h"
 #include "ui/main_dialog/scene_name_rule.h"
 #include "ui/workers.h"
@@ -69,6 +70,10 @@ bool MainDialog::onCommand(int id, int /*code*/) {
         if (free)
             analyseAgain();
         return true;
+    case IDC_EDIT_CAMERAS:
+        if (free)
+            EditSelectedCameras(window(), cameras_, data_);
+        return true;
     case IDC_SELECT_ALL:
         if (free)
             cameras_.selectAll(data_.analysis.cameras);
@@ -86,6 +91,15 @@ bool MainDialog::onCommand(int id, int /*code*/) {
 }
 
 bool MainDialog::onNotify(NMHDR& header, LRESULT& result) {
+    if (header.idFrom == IDC_CAMERAS && ChangesSelection(header)) {
+        UpdateEditButton(window());
+        return false; // the table goes on with it
+    }
+    if (header.idFrom == IDC_CAMERAS && header.code == static_cast<UINT>(NM_DBLCLK)) {
+        if (reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0 && !IsSubmissionRunning())
+            EditFocusedCamera(window(), cameras_, data_);
+        return true;
+    }
     if (header.idFrom != IDC_CAMERAS || header.code != static_cast<UINT>(NM_CUSTOMDRAW))
         return false;
     result = cameras_.drawEmptyText(reinterpret_cast<const NMCUSTOMDRAW&>(header));
@@ -105,6 +119,7 @@ bool MainDialog::onMessage(UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) {
     if (message != kRebuildCameraTable)
         return false;
     cameras_.update(data_.analysis.cameras);
+    UpdateEditButton(window()); // the new rows are not selected
     fillWarnings();
     return true;
 }

@@ -123,4 +123,23 @@ FPValue* orv_host_value_create(void) {
 void orv_host_value_destroy(FPValue* value) {
     Current().destroyValue(value);
 }
+
+// The host has no spinners and no tips: its dialogs do without.
+int orv_host_setup_float_spinner(HWND, int, int, float, float, float, float) {
+    return 0;
+}
+
+float orv_host_spinner_float(HWND, int) {
+    return 0;
+}
+
+void orv_host_set_spinner_float(HWND, int, float) {}
+
+void* orv_host_tooltips_create(void) {
+    return nullptr;
+}
+
+void orv_host_tooltips_set(void*, HWND, const wchar_t*) {}
+
+void orv_host_tooltips_destroy(void*) {}
 }
