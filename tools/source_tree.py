@@ -30,8 +30,8 @@ class Includes:
     def __init__(self, names):
         self.sources = [n for n in names if n.endswith((".cpp", ".h", ".rc"))]
         self.lines = {n: INCLUDE.findall(text_of(n) or "") for n in self.sources}
-        self.sdk_headers = {n.split("/", 2)[2].lower() for n in names
-                            if n.startswith("standin/sdk/") and n.endswith(".h")}
+        sdk = "standin/sdk/include/"
+        self.sdk_headers = {n[len(sdk):].lower() for n in names if n.startswith(sdk)}
         known = set(names)
         self.own = {}
         for name, lines in self.lines.items():
