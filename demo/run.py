@@ -4,6 +4,7 @@ by mouse and keyboard. `./dev demo` starts it with a display and a Wine prefix."
 
 import os
 import shutil
+import signal
 import sys
 import time
 from pathlib import Path
@@ -198,7 +199,12 @@ class Demo:
             program.close()
 
 
+def interrupt(*_):
+    raise KeyboardInterrupt
+
+
 def main():
+    signal.signal(signal.SIGTERM, interrupt)
     shutil.rmtree(OUTPUT, ignore_errors=True)
     OUTPUT.mkdir(parents=True)
     began = time.monotonic()

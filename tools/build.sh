@@ -5,7 +5,8 @@ dev_build() {
   local preset=${1:-mingw}
   configure "$preset"
   say "building $preset"
-  cmake --build --preset "$preset" --parallel "$(nproc)" ||
+  in_own_group cmake --build --preset "$preset" --parallel "$(nproc)"
+  [ "$group_result" -eq 0 ] ||
     fail "the build failed" "mend the first error above and run ./dev build again"
 }
 

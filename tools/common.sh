@@ -43,7 +43,7 @@ end_last() {
 # step NAME COMMAND...: runs a long command with its output in a log, which is shown only when it
 # fails. On a terminal the seconds count up meanwhile.
 step() {
-  local name=$1 log started=$SECONDS ticker='' result=0
+  local name=$1 log started=$SECONDS ticker=''
   shift
   mkdir -p "$work_dir/log"
   log=$work_dir/log/${name// /-}.log
@@ -52,23 +52,13 @@ step() {
     tick "$name" "$started" &
     ticker=$!
   fi
-  # A process group of its own: it can be ended whole, and an error within ends the command at once.
-  set -m
-  (
-    close_locks
-    end_commands=()
-    set_end_traps
-    set -e
-    "$@"
-  ) >"$log" 2>&1 </dev/null &
-  set +m
-  wait_for $! || result=$?
+  in_own_group "$@" >"$log" 2>&1 </dev/null
   if [ -n "$ticker" ]; then
     kill "$ticker" 2>/dev/null || true
     wait "$ticker" 2>/dev/null || true
     printf '\r-- %s ... ' "$name"
   fi
-  if [ "$result" -ne 0 ]; then
+  if [ "$group_result" -ne 0 ]; then
     printf 'failed\n'
     tail -n 40 "$log" >&2
     fail "'$name' failed" "see ${log#"$root"/}, mend the cause and run ./dev again"
@@ -76,13 +66,23 @@ step() {
   printf 'done in %d s\n' $((SECONDS - started))
 }
 
-# wait_for GROUP: the exit code of a background process group, which is ended when this run is.
-wait_for() {
-  local result=0
-  at_end "end_group $1"
-  wait "$1" || result=$?
+# in_own_group COMMAND...: runs a command or function in a process group of its own, which can be ended
+# whole: when this run is ended, so is the command and all that it started. An error within ends it at
+# once; its exit code is left in group_result.
+in_own_group() {
+  group_result=0
+  set -m
+  (
+    close_locks
+    end_commands=()
+    set_end_traps
+    set -e
+    "$@"
+  ) &
+  set +m
+  at_end "end_group $!"
+  wait $! || group_result=$?
   unset 'end_commands[-1]'
-  return "$result"
 }
 
 end_group() {

@@ -7,11 +7,13 @@ dev_test() {
   start_display 1600x1200
   start_wine
   # Not through a step: the tests' own lines are the result, and CTest's summary comes last.
-  ctest --test-dir "$build_dir/mingw" --output-on-failure --no-tests=error "${filter[@]}"
+  in_own_group ctest --test-dir "$build_dir/mingw" --output-on-failure --no-tests=error "${filter[@]}"
+  return "$group_result"
 }
 
 dev_demo() {
   start_display 1280x800
   start_wine
-  python3 "$root/demo/run.py" "$@"
+  in_own_group python3 "$root/demo/run.py" "$@"
+  return "$group_result"
 }
