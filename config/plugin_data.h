@@ -9,8 +9,10 @@
 
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <mutex>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace orv {
@@ -24,6 +26,22 @@ constexpr std::int32_t kWorkerFinished = 11;
 struct ImageSlot {
     int control; // its id
     bool on;
+};
+
+// What a submission is at, for the user to see.
+enum class SubmissionStage : std::int32_t {
+    Checking,
+    Saving,
+    Cleaning,
+    Packing,
+    Describing,
+    Sending,
+};
+
+// What a submission packs: full paths.
+struct PackedFiles {
+    std::wstring scene;
+    std::wstring archive;
 };
 
 class PluginData : private rud_Noncopyable {
@@ -56,6 +74,16 @@ public:
     std::atomic<bool> done{false}; // ends the progress dialog
     std::atomic<bool> hide{false}; // hides the progress dialog while a message box is open
     std::atomic<bool> confirmationRequired{false};
+    std::atomic<SubmissionStage> stage{SubmissionStage::Checking};
+
+    // What the submission that runs packs; null before that. Each value is made once and never
+    // changed, so that the reader keeps a whole one.
+    void setPackedFiles(std::shared_ptr<const PackedFiles> files) {
+        std::atomic_store(&packedFiles_, std::move(files));
+    }
+    std::shared_ptr<const PackedFiles> packedFiles() const {
+        return std::atomic_load(&packedFiles_);
+    }
 
 private:
     PluginData();
@@ -64,7 +92,8 @@ private:
     // else 0.
     int readCustomAddress(ClientInfo& info);
 
-    std::mutex logMutex_; // guards log_
+    std::shared_ptr<const PackedFiles> packedFiles_; // only through the atomic functions
+    std::mutex logMutex_;                            // guards log_
     ModuleLog log_;
 };
 

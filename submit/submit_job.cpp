@@ -21,6 +21,7 @@
 #include "submit/scene_save.h"
 
 #include <exception>
+#include <memory>
 #include <utility>
 
 namespace orv {
@@ -202,6 +203,7 @@ bool Submission::takeSceneName() {
 }
 
 bool Submission::saveScene() {
+    data_.stage = SubmissionStage::Saving;
     const std::string fileName =
         sceneName_.empty() ? std::string() : WideToUtf8(SceneFileNameOf(sceneName_));
     scenePath_ = SaveSceneAs(analysis_, ::GetDlgItem(dialog_, IDC_SCENE_NAME), fileName);
@@ -238,6 +240,7 @@ bool Submission::makeOutputFolder() {
 }
 
 void Submission::cleanScene() {
+    data_.stage = SubmissionStage::Cleaning;
     SceneBackup backup; // a safety net for as long as the cleaning scripts run
     BackupSceneFile(analysis_, backup.path);
     RunVirusScripts();
@@ -254,16 +257,21 @@ bool Submission::packScene() {
 }
 
 void Submission::runArchiver() {
+    data_.setPackedFiles(std::make_shared<const PackedFiles>(
+        PackedFiles{Utf8ToWide(paths_.scenePath), Utf8ToWide(paths_.archivePath)}));
+    data_.stage = SubmissionStage::Packing;
     RunArchiver(paths_); // a failure is logged; the client checks the archive anyway
     ::Sleep(kArchiveSettleMilliseconds);
 }
 
 bool Submission::describeJob() {
+    data_.stage = SubmissionStage::Describing;
     return WriteJobDescription(analysis_, dialog_, paths_, jobName_, requestBody_) ||
            end(kSubmitFailed);
 }
 
 void Submission::postJob() {
+    data_.stage = SubmissionStage::Sending;
     ClientLink link;
     link.host = paths_.ip;
     link.port = paths_.port;

@@ -2,6 +2,8 @@
 
 #include "client/winsock_session.h"
 #include "config/plugin_data.h"
+#include "config/remembered_settings.h"
+#include "host/host.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/text.h"
@@ -66,6 +68,7 @@ void RunGuarded(const char* worker, Body body) noexcept {
 void RunSubmitWorker(const WorkerArguments& arguments) noexcept {
     RunGuarded("The submit worker", [&arguments] {
         arguments.language.use();
+        saveRememberedSettings(arguments.dialog);
         const WinsockSession network; // the dialog's own ends when the dialog is closed
         SubmitJob(arguments.dialog, arguments.caption, arguments.checkCaption,
                   arguments.languageMarker);
@@ -99,7 +102,7 @@ void KeepLibraryLoaded() {
 
 } // namespace
 
-SubmissionStart StartSubmission(HWND dialog) noexcept {
+SubmissionStart StartSubmission(HWND dialog, bool savesFirst) noexcept {
     try {
         PluginData& data = PluginData::instance();
         if (IsWorkerRunning(data.submitState))
@@ -112,8 +115,20 @@ SubmissionStart StartSubmission(HWND dialog) noexcept {
         // very function, and clearing them afterwards would lose that.
         data.done = false;
         data.hide = false;
-        StartWorkerOnce(data.submitState,
-                        [&arguments] { std::thread(RunSubmitWorker, arguments).detach(); });
+        data.stage = savesFirst ? SubmissionStage::Saving : SubmissionStage::Checking;
+        data.setPackedFiles(nullptr);
+        bool isSaved = true;
+        StartWorkerOnce(data.submitState, [&] {
+            // The host may ask the user for a file name and deal with other messages meanwhile:
+            // the state keeps a second submission away, and the dialog may be gone afterwards.
+            isSaved = !savesFirst || (host::SaveScene() && ::IsWindow(dialog));
+            if (isSaved)
+                std::thread(RunSubmitWorker, arguments).detach();
+            else
+                data.submitState = kWorkerFinished;
+        });
+        if (!isSaved)
+            return SubmissionStart::SceneNotSaved;
         RunGuarded("Starting the progress worker", [&data, &arguments] {
             StartWorkerOnce(data.progressState,
                             [&arguments] { std::thread(RunProgressWorker, arguments).detach(); });

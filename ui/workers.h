@@ -7,14 +7,16 @@ namespace orv {
 
 enum class SubmissionStart {
     Started,
-    RunsAlready, // nothing was started
-    Failed,      // nothing was started; the log tells why
+    RunsAlready,   // nothing was started
+    SceneNotSaved, // nothing was started: the host, or its user, refused to save the scene
+    Failed,        // nothing was started; the log tells why
 };
 
 // Starts the submit worker, which runs the submission of `dialog`, and the progress worker, which
-// shows the progress dialog over it. Both go on when `dialog` is closed. To be called on the
-// dialog's thread, whose language the workers take over; lets no exception out.
-SubmissionStart StartSubmission(HWND dialog) noexcept;
+// shows the progress dialog over it. Both go on when `dialog` is closed. With `savesFirst` the host
+// is asked to save the open scene before. To be called on the dialog's thread, whose language the
+// workers take over; lets no exception out.
+SubmissionStart StartSubmission(HWND dialog, bool savesFirst) noexcept;
 
 // Whether a submission runs.
 bool IsSubmissionRunning();

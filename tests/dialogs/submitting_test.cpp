@@ -24,6 +24,7 @@ protected:
         window_ = host_.openDialog();
         ASSERT_NE(window_, nullptr);
         ClickCheckBox(window_, IDC_CAMERAS, 0);
+        Press(window_, IDC_SAVE_SCENE_FILE); // no saving before the submission itself
         Type(window_, IDC_SCENE_NAME, L"\u5BA2\u5385 v2");
     }
     // The message box that waits for an answer.
@@ -66,6 +67,18 @@ TEST_F(Submitting, IsAllowedAgainAfterItFailed) {
         ASSERT_TRUE(watcher.waitForBoxes(time));
     }
     EXPECT_EQ(watcher.stop().size(), 3U);
+}
+
+// The host has told its user why; the next attempt is free at once.
+TEST_F(Submitting, StopsWithoutAWordWhenTheSceneCannotBeSavedFirst) {
+    Press(window_, IDC_SAVE_SCENE_FILE);
+    for (std::size_t time = 1; time <= 3; ++time) {
+        Press(window_, IDC_SUBMIT);
+        EXPECT_EQ(saves(), time);
+        EXPECT_EQ(FindDialogWith(IDC_PROGRESS_BAR), nullptr);
+    }
+    EXPECT_EQ(FindDialogWith(0xFFFF), nullptr);
+    EXPECT_TRUE(::IsWindowEnabled(window_));
 }
 
 TEST_F(Submitting, SpeaksOfTheNameThatCannotBeUsedAndEndsTheDialog) {

@@ -1,5 +1,6 @@
 #include "ui/camera_table/camera_table.h"
 
+#include "base/dc.h"
 #include "log/module_log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -26,12 +27,12 @@ const Column kColumns[] = {
 };
 
 int DotsPerInch(HWND window) {
-    HDC dc = ::GetDC(window);
-    if (dc == nullptr)
-        return USER_DEFAULT_SCREEN_DPI;
-    const int dots = ::GetDeviceCaps(dc, LOGPIXELSX);
-    ::ReleaseDC(window, dc);
-    return dots;
+    const WindowDc dc(window);
+    return dc ? ::GetDeviceCaps(dc.get(), LOGPIXELSX) : USER_DEFAULT_SCREEN_DPI;
+}
+
+int WidthOf(const Column& column, int dotsPerInch) {
+    return ::MulDiv(column.width, dotsPerInch, USER_DEFAULT_SCREEN_DPI);
 }
 
 // While it lives, the window does not draw itself: filling thousands of rows draws once.
@@ -59,6 +60,14 @@ void SetItemState(HWND list, int row, UINT state, UINT mask) {
 
 } // namespace
 
+int CameraTable::widthOfColumns(HWND window) {
+    const int dotsPerInch = DotsPerInch(window);
+    int width = ::GetSystemMetrics(SM_CXVSCROLL);
+    for (const Column& column : kColumns)
+        width += WidthOf(column, dotsPerInch);
+    return width;
+}
+
 void CameraTable::attach(HWND list) {
     list_ = list;
     ::SendMessageW(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, kTableStyle, kTableStyle);
@@ -78,7 +87,7 @@ bool CameraTable::createHead() {
         std::wstring heading = ResourceText(column.heading);
         LVCOLUMNW head = {};
         head.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
-        head.cx = ::MulDiv(column.width, dotsPerInch, USER_DEFAULT_SCREEN_DPI);
+        head.cx = WidthOf(column, dotsPerInch);
         head.pszText = &heading[0];
         head.iSubItem = index;
         ::SendMessageW(list_, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index),

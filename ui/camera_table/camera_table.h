@@ -18,6 +18,10 @@ class CameraTable : private rud_Noncopyable {
 public:
     CameraTable() = default;
 
+    // The client width, in pixels, that a table in `window` needs to show its columns and a scroll
+    // bar.
+    static int widthOfColumns(HWND window);
+
     // Takes over the list view `list`, which may be null, and gives it grid lines, check boxes and
     // whole-row selection.
     void attach(HWND list);

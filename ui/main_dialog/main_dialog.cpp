@@ -8,11 +8,16 @@
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
+#include "submit/dialog_input/dialog_controls.h"
 #include "submit/dialog_input/dialog_log.h"
 #include "ui/camera_table/scene_name_field.h"
 #include "ui/camera_table/warnings_list.h"
+#include "ui/decimal_field.h"
+#include "ui/main_dialog/block_mode.h"
 #include "ui/main_dialog/camera_editing.h"
 #include "ui/main_dialog/client_version.h"
+#include "ui/main_dialog/main_controls.h"
+#include "ui/main_dialog/main_layout.h"
 #include "ui/main_dialog/scene_name_rule.h"
 #include "ui/workers.h"
 
@@ -22,13 +27,7 @@
 #include <vector>
 
 namespace orv {
-namespace {
-
-// What the user can work with once the scene is known.
-const int kWorkControls[] = {IDC_SCENE_NAME, IDC_ANALYSE_AGAIN,    IDC_CAMERAS,
-                             IDC_SELECT_ALL, IDC_INVERT_SELECTION, IDC_SUBMIT};
-
-} // namespace
+namespace {} // namespace
 
 MainDialog::MainDialog(PluginData& data) : data_(data) {}
 
@@ -37,14 +36,21 @@ void MainDialog::writeError(const std::string& line) {
 }
 
 bool MainDialog::onInit(LPARAM /*parameter*/) {
+    LayOutMainDialog(window(), CameraTable::widthOfColumns(window()),
+                     ResourceText(IDS_LANGUAGE_MARKER) == L"1");
     centreOverOwner();
     winsock_ = std::make_unique<WinsockSession>();
     if (!winsock_->started()) {
         std::fputs("Load WinSock Failed!\n", stdout);
         WriteDialogLog(kError, "Load WinSock Failed!");
-        enableWork(false); // nothing was filled in: there is nothing to submit
+        for (HWND child = ::GetWindow(window(), GW_CHILD); child != nullptr;
+             child = ::GetWindow(child, GW_HWNDNEXT)) {
+            if (::GetDlgCtrlID(child) != IDCANCEL) // nothing is filled in: nothing to submit
+                ::EnableWindow(child, FALSE);
+        }
         return true;
     }
+    SetOpeningDefaults(window());
     switch (initialise(true)) {
     case Outcome::Filled:
         break;
@@ -54,14 +60,21 @@ bool MainDialog::onInit(LPARAM /*parameter*/) {
     case Outcome::Ended:
         return true;
     }
+    EnableControls(window(), {IDC_EDIT_CAMERAS}, false); // no row is selected yet
+    EnableControls(window(), kBlockCountControls, blockMode() == kDistributedBlocks);
+    toolTips_ = std::make_unique<host::ToolTips>();
+    toolTips_->set(control(IDC_REMEMBER), ResourceText(IDS_REMEMBER_TOOLTIP));
+    toolTips_->set(control(IDC_SAVE_SCENE_FILE), ResourceText(IDS_SAVE_SCENE_TOOLTIP));
     // The name is filled in already; the user's first choice is the cameras.
     ::SetFocus(control(data_.analysis.cameras.empty() ? IDC_SCENE_NAME : IDC_CAMERAS));
     return false;
 }
 
-bool MainDialog::onCommand(int id, int /*code*/) {
+bool MainDialog::onCommand(int id, int code) {
     // The records belong to the submission while one runs.
     const bool free = !IsSubmissionRunning();
+    if (onOption(id, code))
+        return true;
     switch (id) {
     case IDC_SUBMIT:
         submit();
@@ -100,7 +113,16 @@ bool MainDialog::onNotify(NMHDR& header, LRESULT& result) {
             EditFocusedCamera(window(), cameras_, data_);
         return true;
     }
-    if (header.idFrom != IDC_CAMERAS || header.code != static_cast<UINT>(NM_CUSTOMDRAW))
+    const int id = static_cast<int>(header.idFrom);
+    if (header.code == static_cast<UINT>(UDN_DELTAPOS)) {
+        const SpinnerRule* rule = FindSpinnerRule(id);
+        if (rule == nullptr)
+            return false;
+        StepEdit(window(), *rule, reinterpret_cast<const NMUPDOWN&>(header).iDelta);
+        result = TRUE; // the arrows have no position of their own: the edit holds the number
+        return true;
+    }
+    if (id != IDC_CAMERAS || header.code != static_cast<UINT>(NM_CUSTOMDRAW))
         return false;
     result = cameras_.drawEmptyText(reinterpret_cast<const NMCUSTOMDRAW&>(header));
     return true;
@@ -112,6 +134,7 @@ bool MainDialog::onClose() {
 }
 
 void MainDialog::onDestroy() {
+    toolTips_.reset();
     winsock_.reset();
 }
 
@@ -169,7 +192,9 @@ bool MainDialog::readReport() {
     before.swap(data_.analysis.cameras);
     data_.analysis.messages.clear();
 
+    data_.analysis.hasIllegalReference = false;
     const int result = ReadAnalysisReport(data_.analysis);
+    data_.confirmationRequired = data_.analysis.hasIllegalReference; // the farm leaves those out
     for (auto& camera : data_.analysis.cameras) {
         const auto old = before.find(camera.first);
         camera.second.selected = old != before.end() && old->second.selected;
@@ -192,15 +217,24 @@ bool MainDialog::readReport() {
 }
 
 void MainDialog::fill(bool first) {
+    selectBlocks(IDC_NO_BLOCKS);
     SetSceneName(control(IDC_SCENE_NAME), InitSceneName(data_.analysis));
     fillWarnings();
-    if (!first) {
+    if (first)
+        cameras_.attach(control(IDC_CAMERAS));
+    ::SetDlgItemTextW(window(), IDC_GAMMA, DecimalText(data_.analysis.gammaOut, 1).c_str());
+    for (const EnablingRule& rule : EnablingRules())
+        EnableControls(window(), rule.controls, false);
+    if (data_.analysis.cameras.size() < 2)
+        EnableControls(window(), {IDC_EDIT_CAMERAS}, false);
+    showLimits();
+    if (first) {
+        cameras_.createHead();
+        cameras_.create(data_.analysis.cameras);
+    } else {
         cameras_.update(data_.analysis.cameras);
-        return;
     }
-    cameras_.attach(control(IDC_CAMERAS));
-    cameras_.createHead();
-    cameras_.create(data_.analysis.cameras);
+    fillOptions(first);
 }
 
 void MainDialog::fillWarnings() {
@@ -223,7 +257,9 @@ void MainDialog::submit() {
     if (data_.confirmationRequired &&
         ShowMessage(window(), IDS_CONFIRM_SUBMISSION, IDS_CAPTION, MB_OKCANCEL) != IDOK)
         return;
-    if (StartSubmission(window()) == SubmissionStart::Failed)
+    takeBlocks();
+    const bool savesFirst = IsChecked(window(), IDC_SAVE_SCENE_FILE);
+    if (StartSubmission(window(), savesFirst) == SubmissionStart::Failed)
         ShowMessage(window(), IDS_SUBMISSION_NOT_STARTED, IDS_CAPTION);
 }
 
@@ -231,11 +267,6 @@ bool MainDialog::refuse(const std::wstring& text) {
     ShowMessage(window(), text, ResourceText(IDS_CAPTION));
     end(0);
     return false;
-}
-
-void MainDialog::enableWork(bool enabled) {
-    for (const int id : kWorkControls)
-        ::EnableWindow(control(id), enabled);
 }
 
 } // namespace orv

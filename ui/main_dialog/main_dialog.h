@@ -3,10 +3,13 @@
 
 #include "client/winsock_session.h"
 #include "config/plugin_data.h"
+#include "config/remembered_settings.h"
+#include "host/host.h"
 #include "submit/dialog_input/camera_rows.h"
 #include "ui/camera_table/camera_table.h"
 #include "ui/dialog.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -44,16 +47,32 @@ private:
     bool readReport();
     void fill(bool first);
     void fillWarnings();
+    void fillOptions(bool first);
+    // Shows what the scene's renderer has limits for.
+    void showLimits();
+    void restoreSettings();
+    void restoreSetting(const RememberedValue& value);
+
+    // Answers to a control of the options; false for any other.
+    bool onOption(int id, int code);
+    // The code of the radio button that is chosen.
+    std::int32_t blockMode() const;
+    // Writes it and the number of blocks into the records, which belong to the submission while one
+    // runs.
+    void takeBlocks();
+    void selectBlocks(int radioButton);
+    void applyMaterialRule();
 
     void analyseAgain();
     void submit();
     // Shows a message and ends the dialog; false, for a check to return.
     bool refuse(const std::wstring& text);
-    void enableWork(bool enabled);
 
     PluginData& data_;
     CameraTable cameras_;
-    std::unique_ptr<WinsockSession> winsock_; // while the dialog is open
+    // While the dialog is open:
+    std::unique_ptr<WinsockSession> winsock_;
+    std::unique_ptr<host::ToolTips> toolTips_;
 };
 
 } // namespace orv

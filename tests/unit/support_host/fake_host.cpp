@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace orv {
 namespace test {
@@ -66,6 +67,29 @@ bool FakeHost::saveTo(const std::wstring& path) {
     return true;
 }
 
+int FakeHost::saveCommands() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return saveCommands_;
+}
+
+std::vector<std::wstring> FakeHost::toolTips() const {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return toolTips_;
+}
+
+bool FakeHost::save() {
+    {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        ++saveCommands_;
+    }
+    return !onSave || onSave();
+}
+
+void FakeHost::setToolTips(std::vector<std::wstring> texts) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    toolTips_ = std::move(texts);
+}
+
 int FakeHost::runScript(const std::wstring& script) {
     {
         const std::lock_guard<std::mutex> lock(mutex_);
@@ -110,6 +134,25 @@ int orv_host_scene_file_path(wchar_t* buffer, int capacity) {
 
 int orv_host_save_scene_to(const wchar_t* path) {
     return Current().saveTo(path) ? 1 : 0;
+}
+
+int orv_host_save_scene(void) {
+    return Current().save() ? 1 : 0;
+}
+
+void* orv_host_tooltips_create(void) {
+    return &Current();
+}
+
+void orv_host_tooltips_set(void* tooltips, HWND, const wchar_t* text) {
+    auto& host = *static_cast<orv::test::FakeHost*>(tooltips);
+    std::vector<std::wstring> texts = host.toolTips();
+    texts.emplace_back(text);
+    host.setToolTips(texts);
+}
+
+void orv_host_tooltips_destroy(void* tooltips) {
+    static_cast<orv::test::FakeHost*>(tooltips)->setToolTips({});
 }
 
 int orv_host_run_script(const wchar_t* text, FPValue*) {

@@ -132,7 +132,7 @@ protected:
 };
 
 TEST_F(Workers, RunTheSubmissionOfTheDialogWithItsTexts) {
-    EXPECT_EQ(StartSubmission(owner_), SubmissionStart::Started);
+    EXPECT_EQ(StartSubmission(owner_, false), SubmissionStart::Started);
     ASSERT_TRUE(PumpUntil([] { return submissionsBegun == 1; }));
     EXPECT_TRUE(IsSubmissionRunning());
 
@@ -149,24 +149,24 @@ TEST_F(Workers, RunTheSubmissionOfTheDialogWithItsTexts) {
 }
 
 TEST_F(Workers, AreStartedOnceWhileASubmissionRuns) {
-    EXPECT_EQ(StartSubmission(owner_), SubmissionStart::Started);
-    EXPECT_EQ(StartSubmission(owner_), SubmissionStart::RunsAlready);
+    EXPECT_EQ(StartSubmission(owner_, false), SubmissionStart::Started);
+    EXPECT_EQ(StartSubmission(owner_, false), SubmissionStart::RunsAlready);
     ASSERT_TRUE(PumpUntil([] { return submissionsBegun > 0; }));
-    EXPECT_EQ(StartSubmission(owner_), SubmissionStart::RunsAlready);
+    EXPECT_EQ(StartSubmission(owner_, false), SubmissionStart::RunsAlready);
     EXPECT_EQ(submissionsBegun, 1);
 }
 
 TEST_F(Workers, AreStartedAgainAfterTheSubmissionEnded) {
     release_ = true;
     for (int number = 1; number <= 3; ++number) {
-        EXPECT_EQ(StartSubmission(owner_), SubmissionStart::Started);
+        EXPECT_EQ(StartSubmission(owner_, false), SubmissionStart::Started);
         ASSERT_TRUE(PumpUntil([this] { return ended(); }));
         EXPECT_EQ(submissionsBegun, number);
     }
 }
 
 TEST_F(Workers, ShowAProgressDialogOverTheDialogUntilTheEnd) {
-    StartSubmission(owner_);
+    StartSubmission(owner_, false);
     const HWND progress = progressDialog();
     ASSERT_NE(progress, nullptr);
     EXPECT_EQ(::GetWindow(progress, GW_OWNER), owner_);
@@ -178,7 +178,7 @@ TEST_F(Workers, ShowAProgressDialogOverTheDialogUntilTheEnd) {
 }
 
 TEST_F(Workers, ShowAProgressDialogThatItsTitleBarCannotClose) {
-    StartSubmission(owner_);
+    StartSubmission(owner_, false);
     const HWND progress = progressDialog();
     ASSERT_NE(progress, nullptr);
     EXPECT_EQ(::GetMenuState(::GetSystemMenu(progress, FALSE), SC_CLOSE, MF_BYCOMMAND),
@@ -190,7 +190,7 @@ TEST_F(Workers, ShowAProgressDialogThatItsTitleBarCannotClose) {
 }
 
 TEST_F(Workers, HideTheProgressDialogWhileTheFlagIsSet) {
-    StartSubmission(owner_);
+    StartSubmission(owner_, false);
     const HWND progress = progressDialog();
     ASSERT_NE(progress, nullptr);
     data_.hide = true;
@@ -200,7 +200,7 @@ TEST_F(Workers, HideTheProgressDialogWhileTheFlagIsSet) {
 }
 
 TEST_F(Workers, EndTheProgressDialogByTheDoneFlag) {
-    StartSubmission(owner_);
+    StartSubmission(owner_, false);
     ASSERT_NE(progressDialog(), nullptr);
     data_.done = true;
     EXPECT_TRUE(PumpUntil([this] { return data_.progressState == kWorkerFinished; }));
@@ -208,7 +208,7 @@ TEST_F(Workers, EndTheProgressDialogByTheDoneFlag) {
 }
 
 TEST_F(Workers, EndTheProgressDialogByItsCloseMessage) {
-    StartSubmission(owner_);
+    StartSubmission(owner_, false);
     const HWND progress = progressDialog();
     ASSERT_NE(progress, nullptr);
     ::PostMessageW(progress, WM_CLOSE, 0, 0);
@@ -220,7 +220,7 @@ TEST_F(Workers, EndTheProgressDialogByItsCloseMessage) {
 TEST_F(Workers, LeaveNoProgressDialogBehindASubmissionThatFailsAtOnce) {
     submitAs([] {});
     for (int round = 0; round < 10; ++round) {
-        ASSERT_EQ(StartSubmission(owner_), SubmissionStart::Started);
+        ASSERT_EQ(StartSubmission(owner_, false), SubmissionStart::Started);
         ASSERT_TRUE(PumpUntil([this] { return ended(); })) << round;
         EXPECT_EQ(::FindWindowW(L"#32770", L"Orv Rendering"), nullptr);
     }
@@ -228,7 +228,7 @@ TEST_F(Workers, LeaveNoProgressDialogBehindASubmissionThatFailsAtOnce) {
 
 TEST_F(Workers, LogWhatTheSubmissionThrows) {
     submitAs([] { throw std::runtime_error("the disk is gone"); });
-    StartSubmission(owner_);
+    StartSubmission(owner_, false);
     ASSERT_TRUE(PumpUntil([this] { return ended(); }));
     EXPECT_EQ(data_.submitState, kWorkerFinished);
     EXPECT_NE(folder_.log(L"rud_data")
@@ -241,7 +241,7 @@ TEST_F(Workers, SpeakTheLanguageOfTheDialogsThread) {
         const LanguageScope scope(language);
         submissionsBegun = 0;
         release_ = false;
-        StartSubmission(owner_);
+        StartSubmission(owner_, false);
         EXPECT_TRUE(PumpUntil([] { return submissionsBegun == 1; }));
         EXPECT_EQ(LastCall().threadCaptionOfChecks, ResourceText(IDS_CAPTION_CHECK));
         const std::wstring text = ReadWindowText(::GetDlgItem(progressDialog(), IDC_PROGRESS_TEXT));
@@ -253,7 +253,7 @@ TEST_F(Workers, SpeakTheLanguageOfTheDialogsThread) {
 }
 
 TEST_F(Workers, OutliveTheDialog) {
-    StartSubmission(owner_);
+    StartSubmission(owner_, false);
     ASSERT_NE(progressDialog(), nullptr);
     ::DestroyWindow(owner_);
     EXPECT_TRUE(IsSubmissionRunning());

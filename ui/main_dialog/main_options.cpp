@@ -1,0 +1,137 @@
+// The options of the main dialog: what they start with, what is restored, what a change leads to.
+#include "config/remembered_settings.h"
+#include "resources/controls.h"
+#include "resources/message_box.h"
+#include "resources/texts.h"
+#include "submit/dialog_input/dialog_controls.h"
+#include "ui/main_dialog/block_mode.h"
+#include "ui/main_dialog/main_controls.h"
+#include "ui/main_dialog/main_dialog.h"
+#include "ui/workers.h"
+
+namespace orv {
+namespace {
+
+constexpr int kBlockRadios[] = {IDC_NO_BLOCKS, IDC_THREE_BLOCKS, IDC_SIX_BLOCKS,
+                                IDC_DISTRIBUTED_BLOCKS};
+
+const wchar_t* const kGiScales[] = {L"100%", L"50%", L"33%", L"25%"};
+
+constexpr wchar_t kOn[] = L"1";
+constexpr wchar_t kOff[] = L"0";
+
+} // namespace
+
+void MainDialog::fillOptions(bool first) {
+    const HWND scales = control(IDC_GI_SCALE);
+    ::SendMessageW(scales, CB_RESETCONTENT, 0, 0);
+    for (const wchar_t* scale : kGiScales)
+        ::SendMessageW(scales, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(scale));
+    ::SendMessageW(scales, CB_SETCURSEL, 0, 0);
+    if (first)
+        ::CheckDlgButton(window(), IDC_SAVE_SCENE_FILE, BST_CHECKED);
+    restoreSettings();
+}
+
+void MainDialog::showLimits() {
+    const bool hasLimits = data_.analysis.coronaState != CoronaLimitState::NoLimits;
+    if (!hasLimits)
+        ::SetDlgItemTextW(window(), IDC_NO_LIMITS, ResourceText(IDS_NO_RENDERER_LIMITS).c_str());
+    ShowControls(window(), kCoronaControls, hasLimits);
+    ShowControls(window(), kNoLimitControls, !hasLimits);
+    ShowControls(window(), kGiControls, !hasLimits); // Corona has no such pass
+}
+
+void MainDialog::restoreSettings() {
+    for (const RememberedValue& value : ReadRememberedSettings())
+        restoreSetting(value);
+    // Whatever was restored, and whatever had been ticked before the scene was analysed again.
+    EnableByCheckBoxes(window());
+    EnableControls(window(), kBlockCountControls, blockMode() == kDistributedBlocks);
+}
+
+void MainDialog::restoreSetting(const RememberedValue& value) {
+    const int id = value.control.id;
+    switch (value.control.kind) {
+    case RememberedKind::CheckBox:
+        if (value.text == kOn || value.text == kOff) // anything else is no setting of ours
+            ::CheckDlgButton(window(), id, value.text == kOn ? BST_CHECKED : BST_UNCHECKED);
+        break;
+    case RememberedKind::DropDownList:
+        ::SendMessageW(control(id), CB_SETCURSEL,
+                       static_cast<WPARAM>(ClampedWholeNumber(value.text, 0, 3)), 0);
+        break;
+    case RememberedKind::EditField: {
+        const EditRule* rule = FindEditRule(id);
+        ::SetWindowTextW(control(id),
+                         (rule == nullptr ? value.text : TextByRule(*rule, value.text)).c_str());
+        break;
+    }
+    case RememberedKind::RadioButton:
+        if (value.text == kOn) {
+            selectBlocks(id);
+            applyMaterialRule();
+        }
+        break;
+    }
+}
+
+bool MainDialog::onOption(int id, int code) {
+    const EditRule* rule = code == EN_CHANGE ? FindEditRule(id) : nullptr;
+    if (rule != nullptr) {
+        ApplyEditRule(window(), *rule);
+        if (id == IDC_BLOCK_COUNT)
+            takeBlocks();
+        return true;
+    }
+    switch (id) {
+    case IDC_NO_BLOCKS:
+    case IDC_THREE_BLOCKS:
+    case IDC_SIX_BLOCKS:
+    case IDC_DISTRIBUTED_BLOCKS:
+        takeBlocks();
+        if (id == IDC_NO_BLOCKS || id == IDC_DISTRIBUTED_BLOCKS)
+            EnableControls(window(), kBlockCountControls, id == IDC_DISTRIBUTED_BLOCKS);
+        applyMaterialRule();
+        return true;
+    case IDC_MATERIAL_CHANNEL:
+        applyMaterialRule();
+        return true;
+    case IDC_AO_CHANNEL:
+    case IDC_GI_CHANNEL:
+        EnableByCheckBoxes(window());
+        return true;
+    default:
+        return false;
+    }
+}
+
+std::int32_t MainDialog::blockMode() const {
+    for (const int radio : kBlockRadios) {
+        if (IsChecked(window(), radio))
+            return BlockModeOf(radio);
+    }
+    return kNoBlocks;
+}
+
+void MainDialog::takeBlocks() {
+    if (IsSubmissionRunning())
+        return;
+    data_.analysis.blockMode = blockMode();
+    data_.analysis.blockCount =
+        ClampedWholeNumber(ControlText(window(), IDC_BLOCK_COUNT), kFewestBlocks, kMostBlocks);
+}
+
+void MainDialog::selectBlocks(int radioButton) {
+    ::CheckRadioButton(window(), IDC_NO_BLOCKS, IDC_DISTRIBUTED_BLOCKS, radioButton);
+    takeBlocks();
+}
+
+void MainDialog::applyMaterialRule() {
+    if (IsMaterialChannelPossible(blockMode()) || !IsChecked(window(), IDC_MATERIAL_CHANNEL))
+        return;
+    ::CheckDlgButton(window(), IDC_MATERIAL_CHANNEL, BST_UNCHECKED);
+    ShowMessage(window(), IDS_MATERIAL_NEEDS_WHOLE_IMAGE, IDS_CAPTION_CHECK);
+}
+
+} // namespace orv
