@@ -3,18 +3,18 @@
 #include "analysis/report_json.h"
 #include "analysis/text/text_convert.h"
 #include "analysis/work_folder.h"
+#include "base/handles.h"
 #include "config/plugin_data.h"
+#include "config/progress_hold.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "submit/dialog_input/dialog_controls.h"
 #include "submit/paths.h"
 
-#include <cstdio>
+#include <algorithm>
 #include <json/value.h>
 #include <json/writer.h>
-#include <memory>
-#include <share.h>
 
 namespace orv {
 namespace {
@@ -124,25 +124,46 @@ void RefreshChannels(SceneAnalysis& analysis, HWND dialog) {
     analysis.colorChannel = analysis.colorChannel || IsChecked(dialog, IDC_COLOR_CHANNEL);
 }
 
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using TextFile = std::unique_ptr<std::FILE, CloseFile>;
+std::string WithCrLf(const std::string& text) {
+    std::string lines;
+    const auto lineCount = std::count(text.begin(), text.end(), '\n');
+    lines.reserve(text.size() + static_cast<std::size_t>(lineCount));
+    std::size_t start = 0;
+    for (std::size_t end = 0; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
+        lines.append(text, start, end - start).append("\r\n");
+    return lines.append(text, start, std::string::npos);
+}
 
-// Text mode, so that every line ends with CR LF. Others may read and write the file meanwhile: the
-// client watches the folder.
+bool WriteAll(HANDLE file, const std::string& bytes) {
+    constexpr std::size_t kLargestStep = std::size_t{1} << 20;
+    for (std::size_t at = 0; at < bytes.size();) {
+        const DWORD step = static_cast<DWORD>(std::min(bytes.size() - at, kLargestStep));
+        DWORD written = 0;
+        if (!::WriteFile(file, bytes.data() + at, step, &written, nullptr) || written != step)
+            return false;
+        at += step;
+    }
+    return true;
+}
+
+// Text for Windows: every line ends with CR LF. Others may read and write the file meanwhile: the
+// client watches the folder. False when the file cannot be opened. Not through the C library's
+// files: some do not tell of a disk that became full.
 bool WriteTextFile(const std::wstring& path, const std::string& text) {
     if (path.size() > kLongestPath)
         return false;
-    TextFile file(::_wfsopen(path.c_str(), L"wt", _SH_DENYNO));
+    FileHandle file(::CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                  nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file)
         return false;
-    const bool isWritten = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size();
-    if (std::fclose(file.release()) != 0 || !isWritten) {
-        // Half a job is worse than none: the client says that there is none.
-        PluginData::instance().writeLog(kError, "Write json file error: " + WideToUtf8(path));
-        ::DeleteFileW(path.c_str());
-    }
+    if (WriteAll(file.get(), WithCrLf(text)))
+        return true;
+    const DWORD error = ::GetLastError();
+    file.reset();
+    // Half a job is worse than none: the client says that there is none.
+    PluginData::instance().writeLog(kError, "Write json file error: " + WideToUtf8(path) +
+                                                ", code is " + std::to_string(error));
+    ::DeleteFileW(path.c_str());
     return true;
 }
 
@@ -159,8 +180,9 @@ std::string RequestBody(const Json::Value& job, const JobPaths& paths, const std
 }
 
 bool Fail(HWND dialog, const char* logLine) {
-    ShowMessage(dialog, IDS_JOB_NOT_WRITTEN, IDS_CAPTION);
     PluginData::instance().writeLog(kError, logLine);
+    const ProgressHold hold;
+    ShowMessage(dialog, IDS_JOB_NOT_WRITTEN, IDS_CAPTION);
     return false;
 }
 
