@@ -122,7 +122,8 @@ const wchar_t* HostServices::sceneFileName() {
 }
 
 const wchar_t* HostServices::sceneFilePath() {
-    filePath_ = host_.scene_.path();
+    const std::wstring& told = host_.scene_.description().toldPath;
+    filePath_ = told.empty() ? host_.scene_.path() : told;
     return filePath_.c_str();
 }
 

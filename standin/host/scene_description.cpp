@@ -213,6 +213,7 @@ bool ReadSceneDescription(const std::string& json, SceneDescription& description
     Read(root, "app_version", read.appVersion);
     Read(root, "version", read.version);
     Read(root, "refuse_save", read.refuseSave);
+    Read(root, "told_path", read.toldPath);
     Read(root, "modified", read.modified);
 
     const Json::Value& scripts = Member(root, "scripts");

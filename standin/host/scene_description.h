@@ -55,6 +55,7 @@ struct SceneDescription {
     std::wstring version = L"21.0";
 
     bool refuseSave = false;
+    std::wstring toldPath; // what plug-ins are told as the scene's path; empty: the real one
     bool modified = false;
     std::map<std::wstring, ScriptBehaviour> scripts; // by file name, in lower case
 };

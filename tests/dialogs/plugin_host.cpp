@@ -79,8 +79,8 @@ void PluginHost::setParser(const std::string& does, const std::string& text) {
 
 void PluginHost::start(LANGID language) {
     if (!sceneName.empty()) {
-        WriteFileBytes(scenes.file(sceneName), "scene");
-        WriteFileBytes(scenes.file(sceneName + L".json"), Json::FastWriter().write(scene));
+        WriteFileBytes(scenePath(), sceneBytes);
+        WriteFileBytes(scenePath() + L".json", Json::FastWriter().write(scene));
     }
     thread_ = std::thread([this, language] { run(language); });
     if (!WaitUntil([this] { return !events("started").empty(); }))
@@ -90,7 +90,7 @@ void PluginHost::start(LANGID language) {
 void PluginHost::run(LANGID language) {
     standin::HostOptions options;
     options.pluginFolder = FolderOfThisProgram();
-    options.scenePath = sceneName.empty() ? std::wstring() : scenes.file(sceneName);
+    options.scenePath = sceneName.empty() ? std::wstring() : scenePath();
     options.language =
         language == kEnglishLanguage ? standin::Language::English : standin::Language::Chinese;
     // The plug-in selects the language when it is loaded, and stays loaded from its first

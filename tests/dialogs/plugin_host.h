@@ -31,8 +31,12 @@ public:
 
     const TestProductFolder product;
     const TemporaryFolder scenes{L"\u573A\u666F folder"};
+    std::wstring sceneFolder = scenes.path();    // where start() writes the scene
     std::wstring sceneName = L"Living room.max"; // empty: a scene that was never saved
+    std::string sceneBytes = "scene";            // of its file
     Json::Value scene; // its description, as the stand-in host's README has it
+
+    std::wstring scenePath() const { return sceneFolder + L"\\" + sceneName; }
 
     // Lets the parser behave as the stand-in host's README says for one script.
     void setParser(const std::string& does, const std::string& text = std::string());
