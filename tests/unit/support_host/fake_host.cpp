@@ -152,7 +152,8 @@ void orv_host_tooltips_set(void* tooltips, HWND, const wchar_t* text) {
 }
 
 void orv_host_tooltips_destroy(void* tooltips) {
-    static_cast<orv::test::FakeHost*>(tooltips)->setToolTips({});
+    if (tooltips != nullptr)
+        static_cast<orv::test::FakeHost*>(tooltips)->setToolTips({});
 }
 
 int orv_host_run_script(const wchar_t* text, FPValue*) {
@@ -167,7 +168,7 @@ void orv_host_value_destroy(FPValue* value) {
     Current().destroyValue(value);
 }
 
-// The host has no spinners and no tips: its dialogs do without.
+// The host has no spinners: its dialogs do without.
 int orv_host_setup_float_spinner(HWND, int, int, float, float, float, float) {
     return 0;
 }
@@ -177,12 +178,4 @@ float orv_host_spinner_float(HWND, int) {
 }
 
 void orv_host_set_spinner_float(HWND, int, float) {}
-
-void* orv_host_tooltips_create(void) {
-    return nullptr;
-}
-
-void orv_host_tooltips_set(void*, HWND, const wchar_t*) {}
-
-void orv_host_tooltips_destroy(void*) {}
 }
