@@ -46,6 +46,16 @@
 #define IDS_JOB_NOT_WRITTEN 42
 #define IDS_SUBMISSION_NOT_STARTED 203
 
+// Progress dialog: what the submission is at.
+#define IDS_STAGE_CHECKING 205
+#define IDS_STAGE_SAVING 206
+#define IDS_STAGE_CLEANING 207
+#define IDS_STAGE_PACKING 208
+#define IDS_STAGE_DESCRIBING 209
+#define IDS_STAGE_SENDING 210
+#define IDS_PROGRESS_TIME 211
+#define IDS_PROGRESS_SIZE 212
+
 // Camera table.
 #define IDS_COLUMN_CAMERA 32
 #define IDS_COLUMN_WIDTH 34

@@ -58,8 +58,8 @@ void MainDialog::restoreSetting(const RememberedValue& value) {
             ::CheckDlgButton(window(), id, value.text == kOn ? BST_CHECKED : BST_UNCHECKED);
         break;
     case RememberedKind::DropDownList:
-        ::SendMessageW(control(id), CB_SETCURSEL,
-                       static_cast<WPARAM>(ClampedWholeNumber(value.text, 0, 3)), 0);
+        if (value.text.size() == 1 && value.text[0] >= L'0' && value.text[0] <= L'3')
+            ::SendMessageW(control(id), CB_SETCURSEL, static_cast<WPARAM>(value.text[0] - L'0'), 0);
         break;
     case RememberedKind::EditField: {
         const EditRule* rule = FindEditRule(id);

@@ -4,11 +4,15 @@
 #include "config/plugin_data.h"
 #include "ui/dialog.h"
 
+#include <cstdint>
+#include <string>
+
 namespace orv {
 
 // Shown by the progress worker over the main dialog. It looks at the shared flags every 30 ms: it
-// hides while `hide` is set and ends when `done` is set or no submission runs any more. Its title
-// bar cannot close it.
+// hides while `hide` is set and ends when `done` is set or no submission runs any more. It says
+// what the submission is at, for how long it has run, and how large the archive has become. Its
+// title bar cannot close it.
 class ProgressDialog : public Dialog {
 public:
     explicit ProgressDialog(const PluginData& data) : data_(data) {}
@@ -19,7 +23,14 @@ protected:
     bool onClose() override;
 
 private:
+    void showLines();
+    // Writes only what has changed, which would flicker otherwise.
+    void setText(int id, const std::wstring& text);
+
     const PluginData& data_;
+    std::uint64_t opened_ = 0; // GetTickCount64
+    std::uint64_t shown_ = 0;  // when the lines were last written
+    SubmissionStage shownStage_ = SubmissionStage::Checking;
 };
 
 } // namespace orv

@@ -6,10 +6,13 @@
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "submit/submit_job.h"
+#include "tests/support/files.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/module_scope.h"
 #include "tests/support/product_folder.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/support/wait_until.h"
+#include "ui/progress/progress_lines.h"
 #include "ui/worker_start.h"
 
 #include <gtest/gtest.h>
@@ -245,11 +248,38 @@ TEST_F(Workers, SpeakTheLanguageOfTheDialogsThread) {
         EXPECT_TRUE(PumpUntil([] { return submissionsBegun == 1; }));
         EXPECT_EQ(LastCall().threadCaptionOfChecks, ResourceText(IDS_CAPTION_CHECK));
         const std::wstring text = ReadWindowText(::GetDlgItem(progressDialog(), IDC_PROGRESS_TEXT));
-        EXPECT_EQ(text.find(L"Packing") == 0, language == kEnglishLanguage);
-        EXPECT_FALSE(text.empty());
+        EXPECT_EQ(text, ResourceText(IDS_STAGE_CHECKING));
+        EXPECT_EQ(text.find(L"Checking") == 0, language == kEnglishLanguage);
         release_ = true;
         EXPECT_TRUE(PumpUntil([this] { return ended(); }));
     }
+}
+
+TEST_F(Workers, SayWhatTheSubmissionIsAt) {
+    const TemporaryFolder scenes(L"\u573A\u666F");
+    StartSubmission(owner_, false);
+    HWND progress = progressDialog();
+    ASSERT_NE(progress, nullptr);
+    const auto shows = [progress](int control, const std::wstring& text) {
+        return PumpUntil([&] { return ReadWindowText(::GetDlgItem(progress, control)) == text; });
+    };
+    EXPECT_EQ(ReadWindowText(::GetDlgItem(progress, IDC_PROGRESS_SIZE)), L"");
+    for (const SubmissionStage stage :
+         {SubmissionStage::Saving, SubmissionStage::Cleaning, SubmissionStage::Packing,
+          SubmissionStage::Describing, SubmissionStage::Sending}) {
+        data_.stage = stage;
+        EXPECT_TRUE(shows(IDC_PROGRESS_TEXT, ResourceText(StageText(stage))));
+    }
+
+    WriteFileBytes(scenes.file(L"a.max"), std::string(3 << 20, 's'));
+    data_.setPackedFiles(std::make_shared<const PackedFiles>(
+        PackedFiles{scenes.file(L"a.max"), scenes.file(L"a.7z")}));
+    EXPECT_TRUE(shows(IDC_PROGRESS_SIZE, L"Archive: 0.0 MB, scene: 3.0 MB"));
+    WriteFileBytes(scenes.file(L"a.7z.tmp"), std::string(1 << 20, 'a')); // still being written
+    EXPECT_TRUE(shows(IDC_PROGRESS_SIZE, L"Archive: 1.0 MB, scene: 3.0 MB"));
+    WriteFileBytes(scenes.file(L"a.7z"), std::string(2 << 20, 'a'));
+    EXPECT_TRUE(shows(IDC_PROGRESS_SIZE, L"Archive: 2.0 MB, scene: 3.0 MB"));
+    EXPECT_TRUE(shows(IDC_PROGRESS_TIME, L"Time: 0:01"));
 }
 
 TEST_F(Workers, OutliveTheDialog) {
