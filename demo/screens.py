@@ -1,0 +1,150 @@
+#!/usr/bin/env python3
+"""Takes pictures of the plug-in's dialogs in one language, at the resolution that Wine has at the time.
+`./dev screens` starts it; the pictures go to build/screens/LANGUAGE-RESOLUTION-STATE.png."""
+
+import json
+import shutil
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+import run
+from desktop import Desktop, control, window_with
+from stage import Progress, StageFailed, Talker, windows_path, wine
+
+OUTPUT = run.ROOT / "build/screens"
+WORK = run.ROOT / "build/work/screens"
+
+# Controls by number.
+ANALYSE_AGAIN, EDIT_CAMERAS, WIDTH, OPTIONS_CANCEL, LOCK_SIZE = 1004, 1013, 1015, 103, 1076
+
+FILES = [{"path": f"D:\\maps\\{name}", "missing": True} for name in ("oak.jpg", "客厅 wall.png")]
+SCENES = {
+    "vray": {
+        "cameras": ["Camera 01", {"name": "Camera 客厅", "width": 4096, "height": 2048}, "Door"],
+        "renderer": {"name": "V_Ray_Adv_4_10_03", "vray": {"imagesampler_type": 3}},
+        "output": {"width": 1920, "height": 1080, "format": "png", "region": True},
+        "external_files": FILES,
+    },
+    "corona": {
+        "cameras": ["Camera 01", "Kitchen", "Door"],
+        "renderer": {"name": "Corona",
+                     "corona": {"pass_limit": "120", "time_limit": "3600000", "noise_level_limit": "4"}},
+        "output": {"width": 3000, "height": 2000, "format": "tif"},
+    },
+    "empty": {"renderer": {"name": "V_Ray_Adv_4_10_03"},
+              "output": {"width": 1920, "height": 1080, "format": "png"}},
+}
+
+
+class Screens(run.Demo):
+    """The demo's host and its dialogs, opened for their pictures only."""
+
+    def __init__(self, language, dots):
+        self.progress = Progress()
+        self.programs = []
+        self.language = language
+        self.prefix = f"{language}-{dots}"
+        self.desktop = Desktop(f"screens-{self.prefix}", "1920x1400", run.BIN, WORK)
+
+    def run(self):
+        with self.progress.stage(f"pictures in {self.prefix}"):
+            self.desktop.open()
+            for name, scene in SCENES.items():
+                host = self.start_host(name, scene)
+                try:
+                    {"vray": self.vray, "corona": self.corona, "empty": self.empty}[name](host)
+                finally:
+                    host.close()
+
+    def start_host(self, name, description):
+        run.install_product(1)
+        scene = WORK / f"{name}.max"
+        scene.write_bytes(b"scene")
+        (WORK / f"{name}.max.json").write_text(json.dumps(description), "utf-8")
+        host = Talker("host", self.desktop.command(
+            "standin-host.exe", "--plugin-dir", windows_path(WORK / "plugins"), "--scene",
+            windows_path(scene), "--language", self.language), run.BIN, WORK / "host.log")
+        self.programs.append(host)
+        host.wait_for("event", 40, "started")
+        self.open_menu(host, run.MENU)
+        self.choose(self.desktop.wait_for("open menu", self.popup, 20), 0, 3)
+        return host
+
+    def vray(self, _host):
+        dialog = self.picture_of("main", run.CAMERAS)
+        rows = control(dialog, run.CAMERAS)["rows"]
+        self.click_row(rows[1], "--repeat", "2", "--delay", "60")
+        options = self.picture_of("options", WIDTH)
+        self.desktop.click_middle(control(options, LOCK_SIZE)["rect"])
+        options = self.picture_of("options-locked", WIDTH)
+        self.desktop.click_middle(control(options, OPTIONS_CANCEL)["rect"])
+        self.desktop.wait_for("main dialog alone", lambda w: not window_with(w, WIDTH), 20)
+        if not control(dialog, EDIT_CAMERAS):
+            return
+        self.click_row(rows[0])
+        subprocess.run(["xdotool", "keydown", "shift"], check=True, timeout=10)
+        self.click_row(rows[2])
+        subprocess.run(["xdotool", "keyup", "shift"], check=True, timeout=10)
+        dialog = self.picture_of("main-selected", run.CAMERAS)
+        self.desktop.click_middle(control(dialog, EDIT_CAMERAS)["rect"])
+        self.picture_of("options-several", WIDTH)
+
+    def corona(self, _host):
+        dialog = self.picture_of("main-corona", run.CAMERAS)
+        self.click_row(control(dialog, run.CAMERAS)["rows"][1], "--repeat", "2", "--delay", "60")
+        self.picture_of("options-corona", WIDTH)
+
+    def empty(self, _host):
+        box = self.desktop.wait_for("question", lambda w: next(
+            (x for x in w if x["class"] == "#32770" and control(x, 6)), None), 30)
+        self.save("question-no-cameras", box["rect"])
+
+    def click_row(self, row, *how):
+        left, top, _, bottom = row["rect"]
+        middle = (top + bottom) // 2
+        subprocess.run(["xdotool", "mousemove", str(left + 4 * (bottom - top)), str(middle), "click", *how,
+                        "1"], check=True, timeout=10)
+
+    def picture_of(self, state, control_id):
+        """Saves the picture of the window with that control, once it has stopped changing."""
+        window = self.desktop.wait_for(state, lambda w: window_with(w, control_id), 30)
+        before = None
+        for _ in range(20):
+            file = self.save(state, window["rect"])
+            now = file.read_bytes()
+            if now == before:
+                break
+            before = now
+            time.sleep(0.3)
+        return window_with(self.desktop.windows(), control_id)
+
+    def save(self, state, rect):
+        left, top, right, bottom = rect
+        file = OUTPUT / f"{self.prefix}-{state}.png"
+        subprocess.run(["import", "-window", "root", "-crop", f"{right - left}x{bottom - top}+{left}+{top}",
+                        "+repage", "-define", "png:exclude-chunks=date,time", str(file)],
+                       check=True, timeout=30)
+        return file
+
+
+def main():
+    language, dots = sys.argv[1:]
+    shutil.rmtree(WORK, ignore_errors=True)
+    (WORK / "plugins").mkdir(parents=True)
+    shutil.copy(run.BIN / "OrvRendering.gup", WORK / "plugins")
+    screens = Screens(language, dots)
+    try:
+        screens.run()
+    except StageFailed as failure:
+        print()
+        print(f"screens: failed in {screens.prefix}: {failure}")
+        return 1
+    finally:
+        screens.close()
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
