@@ -15,7 +15,7 @@ dev_screens() {
     done
   done
   # What a person looks at: everything beside each other, in its own size.
-  montage -label '%t' "$build_dir"/screens/*-96-*.png "$build_dir"/screens/*-144-*.png \
+  montage -font "$(fc-match -f '%{file}' sans)" -label '%t' "$build_dir"/screens/*-96-*.png "$build_dir"/screens/*-144-*.png \
     -background white -geometry '+16+16' -tile 4x "$build_dir/screens/sheet.png"
   say "the pictures are in build/screens/; sheet.png has them all"
 }
