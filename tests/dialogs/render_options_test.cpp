@@ -377,6 +377,18 @@ TEST_F(RenderOptions, GiveSeveralCamerasOnlyWhatIsUnlocked) {
     EXPECT_EQ(cells(2)[5], L"PNG");
 }
 
+TEST_F(RenderOptions, OpenForSeveralCamerasOnlyWhileSeveralAreSelected) {
+    startHost();
+    EXPECT_FALSE(IsEnabled(main_, IDC_EDIT_CAMERAS));
+    HWND dialog = openForRows({0, 1});
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_TRUE(IsEnabled(main_, IDC_EDIT_CAMERAS));
+    Press(dialog, IDC_OPTIONS_APPLY);
+    ASSERT_TRUE(waitForClose());
+    // The table was rebuilt: no row is selected any more.
+    EXPECT_TRUE(WaitUntil([this] { return !IsEnabled(main_, IDC_EDIT_CAMERAS); }));
+}
+
 TEST_F(RenderOptions, NeverUnlockTheFrameOfSeveralCameras) {
     startHost();
     HWND dialog = openForRows({0, 1});
