@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
+
 namespace orv {
 namespace test {
 namespace {
@@ -105,13 +107,20 @@ TEST_F(Opening, SpeaksChineseWhereTheHostDoes) {
     EXPECT_EQ(Rows(window, IDC_CAMERAS)[0].cells[4], L"\u666E\u901A");
 }
 
-TEST_F(Opening, ShowsThreeHundredCameras) {
-    for (int number = 0; number < 300; ++number)
+TEST_F(Opening, ShowsAndScrollsTwoThousandCameras) {
+    for (int number = 3; number < 2000; ++number)
         host_.scene["cameras"].append("Many " + std::to_string(number));
     host_.start();
     HWND window = host_.openDialog();
     ASSERT_NE(window, nullptr);
-    EXPECT_EQ(Ticks(window, IDC_CAMERAS), std::string(303, '0'));
+    HWND table = ::GetDlgItem(window, IDC_CAMERAS);
+    EXPECT_EQ(::SendMessageW(table, LVM_GETITEMCOUNT, 0, 0), 2000);
+    PressKey(window, IDC_CAMERAS, VK_END);
+    const LRESULT top = ::SendMessageW(table, LVM_GETTOPINDEX, 0, 0);
+    const LRESULT shown = ::SendMessageW(table, LVM_GETCOUNTPERPAGE, 0, 0);
+    EXPECT_GE(top + shown, 2000); // the last row is in sight
+    Press(window, IDC_SELECT_ALL);
+    EXPECT_EQ(Ticks(window, IDC_CAMERAS), std::string(2000, '1'));
 }
 
 TEST_F(Opening, RefusesAClientThatWasNeverStarted) {
