@@ -7,7 +7,9 @@
 namespace orv {
 namespace test {
 
-constexpr std::chrono::milliseconds kDeadline{10000};
+// Long enough for a machine that compiles meanwhile; a condition that comes true costs no more than
+// it takes.
+constexpr std::chrono::milliseconds kDeadline{30000};
 
 // Asks `condition` every few milliseconds until it is true or the deadline has passed; returns its
 // last answer.
