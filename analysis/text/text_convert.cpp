@@ -53,13 +53,15 @@ std::wstring ToWide(UINT codePage, DWORD flags, const std::string& text) {
 
 std::string WideToUtf8(const std::wstring& text, bool* exact) {
     std::string result = FromWide(CP_UTF8, 0, text);
-    Tell(exact, ToWide(CP_UTF8, 0, result) == text);
+    if (exact != nullptr) // a report is large: nobody waits for what nobody asks
+        *exact = ToWide(CP_UTF8, 0, result) == text;
     return result;
 }
 
 std::wstring Utf8ToWide(const std::string& text, bool* exact) {
     std::wstring result = ToWide(CP_UTF8, 0, text);
-    Tell(exact, FromWide(CP_UTF8, 0, result) == text);
+    if (exact != nullptr)
+        *exact = FromWide(CP_UTF8, 0, result) == text;
     return result;
 }
 
