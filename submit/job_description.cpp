@@ -12,7 +12,6 @@
 #include "submit/dialog_input/dialog_controls.h"
 #include "submit/paths.h"
 
-#include <algorithm>
 #include <json/value.h>
 #include <json/writer.h>
 
@@ -44,20 +43,44 @@ void SetCameras(const SceneAnalysis& analysis, Json::Value& job) {
     }
 }
 
-// The referenced files except the scene itself; the member is missing when none is left.
+bool IsText(const Json::Value& value, const std::string& text) {
+    const char* begin = nullptr;
+    const char* end = nullptr;
+    return value.getString(&begin, &end) &&
+           text.compare(0, std::string::npos, begin, static_cast<std::size_t>(end - begin)) == 0;
+}
+
+// Leaves an entry nothing but its path.
+void ReduceToPath(Json::Value& entry) {
+    if (entry.isObject() && entry.size() == 1 && MemberOf(entry, "path").isString())
+        return;
+    Json::Value reduced;
+    reduced["path"] = TextOf(MemberOf(entry, "path"));
+    entry.swap(reduced);
+}
+
+// The referenced files except the scene itself; the member is missing when none is left. In place:
+// scenes refer to a hundred thousand files, and copying the list takes as long as reading it did.
 void SetReferences(const SceneAnalysis& analysis, Json::Value& job) {
-    Json::Value references(Json::arrayValue);
-    for (const Json::Value& entry : MemberOf(job, "reference_file")) {
-        const std::string path = TextOf(MemberOf(entry, "path"));
-        if (path == analysis.sceneFilePath)
-            continue;
-        Json::Value reference;
-        reference["path"] = path;
-        references.append(reference);
+    if (!MemberOf(job, "reference_file").isArray()) {
+        job.removeMember("reference_file");
+        return;
     }
-    job.removeMember("reference_file");
-    if (!references.empty())
-        job["reference_file"] = references;
+    Json::Value& references = job["reference_file"];
+    Json::ArrayIndex count = 0;
+    auto next = references.begin();
+    for (Json::Value& entry : references) {
+        ReduceToPath(entry);
+        if (IsText(entry["path"], analysis.sceneFilePath))
+            continue;
+        if (&*next != &entry)
+            (*next).swap(entry);
+        ++next;
+        ++count;
+    }
+    references.resize(count);
+    if (count == 0)
+        job.removeMember("reference_file");
 }
 
 void SetBlocking(const SceneAnalysis& analysis, Json::Value& job) {
@@ -124,26 +147,32 @@ void RefreshChannels(SceneAnalysis& analysis, HWND dialog) {
     analysis.colorChannel = analysis.colorChannel || IsChecked(dialog, IDC_COLOR_CHANNEL);
 }
 
-std::string WithCrLf(const std::string& text) {
-    std::string lines;
-    const auto lineCount = std::count(text.begin(), text.end(), '\n');
-    lines.reserve(text.size() + static_cast<std::size_t>(lineCount));
-    std::size_t start = 0;
-    for (std::size_t end = 0; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
-        lines.append(text, start, end - start).append("\r\n");
-    return lines.append(text, start, std::string::npos);
+bool WriteBytes(HANDLE file, const std::string& bytes) {
+    DWORD written = 0;
+    return ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+           written == bytes.size();
 }
 
-bool WriteAll(HANDLE file, const std::string& bytes) {
-    constexpr std::size_t kLargestStep = std::size_t{1} << 20;
-    for (std::size_t at = 0; at < bytes.size();) {
-        const DWORD step = static_cast<DWORD>(std::min(bytes.size() - at, kLargestStep));
-        DWORD written = 0;
-        if (!::WriteFile(file, bytes.data() + at, step, &written, nullptr) || written != step)
-            return false;
-        at += step;
+// A step at a time, so that a large job is not held a second time.
+bool WriteLines(HANDLE file, const std::string& text) {
+    constexpr std::size_t kStep = std::size_t{1} << 20;
+    std::string lines;
+    std::size_t start = 0;
+    while (start < text.size()) {
+        const std::size_t end = text.find('\n', start);
+        if (end == std::string::npos) {
+            lines.append(text, start, std::string::npos);
+            break;
+        }
+        lines.append(text, start, end - start).append("\r\n");
+        start = end + 1;
+        if (lines.size() >= kStep) {
+            if (!WriteBytes(file, lines))
+                return false;
+            lines.clear();
+        }
     }
-    return true;
+    return WriteBytes(file, lines);
 }
 
 // Text for Windows: every line ends with CR LF. Others may read and write the file meanwhile: the
@@ -156,7 +185,7 @@ bool WriteTextFile(const std::wstring& path, const std::string& text) {
                                   nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file)
         return false;
-    if (WriteAll(file.get(), WithCrLf(text)))
+    if (WriteLines(file.get(), text))
         return true;
     const DWORD error = ::GetLastError();
     file.reset();
