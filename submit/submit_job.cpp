@@ -44,7 +44,9 @@ const char* GiScaleText(LRESULT selection) {
 // One submission. The steps that can end it return false and have set `result_` by then.
 class Submission {
 public:
-    Submission(HWND dialog, std::wstring caption) : dialog_(dialog), caption_(std::move(caption)) {}
+    Submission(HWND dialog, std::wstring caption, std::wstring languageMarker)
+        : dialog_(dialog), caption_(std::move(caption)),
+          languageMarker_(std::move(languageMarker)) {}
 
     std::int32_t run() {
         takeCoronaLimits();
@@ -101,6 +103,7 @@ private:
     SceneAnalysis& analysis_ = data_.analysis;
     HWND dialog_;
     const std::wstring caption_;
+    const std::wstring languageMarker_;
     std::int32_t result_ = kSubmitEnded;
 
     std::wstring sceneName_; // without extension
@@ -121,7 +124,7 @@ std::int32_t Submission::wholeNumber(int control, std::int32_t otherwise) const 
 
 int Submission::show(unsigned textId, UINT type) {
     const ProgressHold hold;
-    return ShowMessage(dialog_, ResourceText(textId), caption_, type);
+    return ShowMessage(dialog_, ResourceText(textId), caption_, type, languageMarker_);
 }
 
 bool Submission::end(std::int32_t result) {
@@ -279,10 +282,10 @@ void Submission::postJob() {
         closeDialog();
 }
 
-std::int32_t RunSubmission(HWND dialog, std::wstring caption) {
+std::int32_t RunSubmission(HWND dialog, std::wstring caption, std::wstring languageMarker) {
     std::string what = "unknown error";
     try {
-        return Submission(dialog, std::move(caption)).run();
+        return Submission(dialog, std::move(caption), std::move(languageMarker)).run();
     } catch (const std::exception& error) {
         what = error.what();
     } catch (...) {
@@ -295,8 +298,10 @@ std::int32_t RunSubmission(HWND dialog, std::wstring caption) {
 
 } // namespace
 
-std::int32_t SubmitJob(HWND dialog, std::wstring caption, std::wstring, std::wstring) {
-    const std::int32_t result = RunSubmission(dialog, std::move(caption));
+std::int32_t SubmitJob(HWND dialog, std::wstring caption, std::wstring,
+                       std::wstring languageMarker) {
+    const std::int32_t result =
+        RunSubmission(dialog, std::move(caption), std::move(languageMarker));
     PluginData::instance().writeLog(kInfo,
                                     "The submission ended with " + std::to_string(result) + ".");
     return result;

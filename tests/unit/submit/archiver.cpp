@@ -38,7 +38,7 @@ unsigned long RunSevenZip(const std::wstring& arguments) {
         throw std::runtime_error("7z.exe cannot be started");
     const ThreadHandle thread(process.hThread);
     const ProcessHandle owner(process.hProcess);
-    ::WaitForSingleObject(owner.get(), 60000);
+    ::WaitForSingleObject(owner.get(), 600000); // a large scene takes minutes
     DWORD exitCode = 0;
     ::GetExitCodeProcess(owner.get(), &exitCode);
     return exitCode;

@@ -1,7 +1,5 @@
 #include "tests/unit/submit/reply_server.h"
 
-#include "tests/support/wait_until.h"
-
 #include <array>
 #include <cstdlib>
 #include <stdexcept>
@@ -11,15 +9,6 @@ namespace test {
 namespace {
 
 constexpr char kLengthHeader[] = "Content-Length: ";
-
-bool IsReadable(SOCKET socket) {
-    fd_set sockets;
-    FD_ZERO(&sockets);
-    FD_SET(socket, &sockets);
-    timeval deadline{};
-    deadline.tv_sec = std::chrono::duration_cast<std::chrono::seconds>(kDeadline).count() * 3;
-    return ::select(0, &sockets, nullptr, nullptr, &deadline) == 1;
-}
 
 std::string BodyOf(const std::string& request) {
     const std::size_t end = request.find("\r\n\r\n");
@@ -36,8 +25,8 @@ bool IsWhole(const std::string& request) {
 
 } // namespace
 
-ReplyServer::ReplyServer(std::string body)
-    : body_(std::move(body)), listener_(::socket(AF_INET, SOCK_STREAM, 0)) {
+ReplyServer::ReplyServer(std::string body, std::chrono::seconds deadline)
+    : body_(std::move(body)), deadline_(deadline), listener_(::socket(AF_INET, SOCK_STREAM, 0)) {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = ::htonl(INADDR_LOOPBACK);
@@ -62,7 +51,7 @@ std::string ReplyServer::requestBody() {
 }
 
 void ReplyServer::serve() {
-    if (!IsReadable(listener_.get()))
+    if (!isReadable(listener_.get()))
         return;
     const SocketHandle connection(::accept(listener_.get(), nullptr, nullptr));
     request_ = receiveRequest(connection.get());
@@ -72,10 +61,19 @@ void ReplyServer::serve() {
     ::shutdown(connection.get(), SD_SEND);
 }
 
+bool ReplyServer::isReadable(SOCKET socket) const {
+    fd_set sockets;
+    FD_ZERO(&sockets);
+    FD_SET(socket, &sockets);
+    timeval deadline{};
+    deadline.tv_sec = static_cast<long>(deadline_.count());
+    return ::select(0, &sockets, nullptr, nullptr, &deadline) == 1;
+}
+
 std::string ReplyServer::receiveRequest(SOCKET connection) const {
     std::string request;
     std::array<char, 4096> buffer{};
-    while (!IsWhole(request) && IsReadable(connection)) {
+    while (!IsWhole(request) && isReadable(connection)) {
         const int count = ::recv(connection, buffer.data(), static_cast<int>(buffer.size()), 0);
         if (count <= 0)
             break;

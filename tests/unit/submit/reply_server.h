@@ -4,6 +4,7 @@
 #include "base/handles.h"
 #include "base/noncopyable.h"
 
+#include <chrono>
 #include <string>
 #include <thread>
 
@@ -12,8 +13,9 @@ namespace test {
 
 class ReplyServer : private rud_Noncopyable {
 public:
-    // Answers with an HTTP head and `body`.
-    explicit ReplyServer(std::string body);
+    // Answers with an HTTP head and `body`. Waits at most `deadline` for the request.
+    explicit ReplyServer(std::string body,
+                         std::chrono::seconds deadline = std::chrono::seconds(30));
     ~ReplyServer();
 
     int port() const { return port_; }
@@ -23,9 +25,11 @@ public:
 
 private:
     void serve();
+    bool isReadable(SOCKET socket) const;
     std::string receiveRequest(SOCKET connection) const;
 
     const std::string body_;
+    const std::chrono::seconds deadline_;
     SocketHandle listener_;
     int port_ = 0;
     std::string request_;
