@@ -156,6 +156,22 @@ TEST_F(SceneArchive, ComesOutAsItWentInWhateverTheSceneIsCalled) {
     EXPECT_NE(log().find("[INFO] Scene packed into "), std::string::npos);
 }
 
+TEST_F(SceneArchive, TakesASceneWithTheLongestPath) {
+    InstallArchiver();
+    const TemporaryFolder farm;
+    session_.present = true;
+    session_.savePath = farm.path();
+    const std::wstring folder =
+        folder_.file(std::wstring(259 - folder_.path().size() - 1 - 1 - 8, L'd'));
+    WriteFileBytes(folder + L"\\shot.max", "bytes");
+    ASSERT_EQ(folder.size() + 9, 259U);
+    ASSERT_TRUE(PackScene(WideToUtf8(folder + L"\\shot.max"), paths_, session_));
+    RunArchiver(paths_);
+    const TemporaryFolder out;
+    ASSERT_TRUE(Unpack(archive(), ArchivePassword("shot"), out.path()));
+    EXPECT_EQ(ReadFileBytes(out.file(L"shot.max")), "bytes");
+}
+
 TEST_F(SceneArchive, TakesPathsWithEitherSeparator) {
     InstallArchiver();
     for (const wchar_t separator : {L'\\', L'/'}) {
