@@ -1,5 +1,7 @@
 #include "tests/system/client/client_process.h"
 
+#include "tests/support/wait_until.h"
+
 #include <stdexcept>
 #include <vector>
 
@@ -39,8 +41,12 @@ ClientProcess::ClientProcess(const std::wstring& arguments) {
     PROCESS_INFORMATION started{};
     const std::wstring program = ProgramPath();
     std::wstring commandLine = L"\"" + program + L"\" " + arguments;
-    if (!::CreateProcessW(program.c_str(), &commandLine[0], nullptr, nullptr, TRUE, 0, nullptr,
-                          nullptr, &startup, &started))
+    // A busy Wine refuses a new process now and then.
+    const auto start = [&] {
+        return ::CreateProcessW(program.c_str(), &commandLine[0], nullptr, nullptr, TRUE, 0,
+                                nullptr, nullptr, &startup, &started) != FALSE;
+    };
+    if (!WaitUntil(start))
         throw std::runtime_error("the stand-in client cannot be started");
     process_.reset(started.hProcess);
     const ThreadHandle mainThread(started.hThread);
