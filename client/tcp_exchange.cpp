@@ -17,7 +17,10 @@ constexpr int kReplySize = 2048;
 constexpr char kConnectError[] = "connect error, Error Code is: ";
 
 ExchangeFailure FailureOf(const std::string& logText, DWORD code) {
-    return {logText + std::to_string(code), code};
+    ExchangeFailure failure;
+    failure.logText = logText + std::to_string(code);
+    failure.code = code;
+    return failure;
 }
 
 } // namespace

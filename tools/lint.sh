@@ -9,7 +9,22 @@ dev_lint() {
   step "check shell scripts" shellcheck -x -a "${scripts[@]}"
   step "check tree" python3 tools/check_tree.py
   configure mingw
+  step "check sources as Visual C++" python3 tools/vc_check.py "$build_dir/lint/vc-work" "$build_dir/lint/vc"
+  step "check sources with cppcheck" lint_cppcheck
   step "check sources" python3 tools/tidy.py "$build_dir/mingw" "$build_dir/lint"
+}
+
+# Off: passedByValue, as the compilers' checks have it off: a text that another thread or a caller's
+# temporary gives is handed over whole.
+lint_cppcheck() {
+  local sources
+  mapfile -t sources < <(git ls-files -co --exclude-standard '*.cpp' | existing |
+    grep -E '^(base|resources|host|analysis|log|config|client|submit|ui|plugin|standin)/')
+  mkdir -p "$build_dir/lint/cppcheck"
+  cppcheck --quiet --language=c++ --std=c++14 --platform=win64 -j "$(nproc)" --error-exitcode=1 \
+    --enable=warning,performance,portability --suppress=passedByValue --inline-suppr \
+    --cppcheck-build-dir="$build_dir/lint/cppcheck" \
+    -I. -DUNICODE -D_UNICODE -D_WIN32 -D_WIN64 -DWIN32_LEAN_AND_MEAN "${sources[@]}"
 }
 
 existing() {

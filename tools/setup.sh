@@ -8,7 +8,9 @@ deps_dir=$build_dir/deps
 packages=(
   ca-certificates git make cmake ninja-build python3 dpkg-dev # to build and to fetch sources
   g++-mingw-w64-x86-64-posix clang llvm                       # the two compilers and their tools
-  clang-format clang-tidy shellcheck                          # ./dev lint
+  clang-format clang-tidy shellcheck cppcheck                 # ./dev lint
+  clang-19 libc++-19-dev libwine-dev                          # ./dev lint: reading as Visual C++ does
+  nsis                                                        # ./dev package
   wine wine64 xvfb                                            # to run what was built
   fonts-wine fonts-wqy-microhei fonts-liberation              # window captions, Chinese, English
   xdotool imagemagick 7zip                                    # ./dev demo: hands, eyes, a second reader

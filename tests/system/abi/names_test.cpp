@@ -135,7 +135,20 @@ TEST_F(LoadedPlugin, TellsItsVersionInTheFilesProperties) {
     EXPECT_EQ(property(L"ProductVersion"), kPluginVersion);
     EXPECT_EQ(property(L"FileVersion"), kPluginVersion);
     EXPECT_EQ(property(L"ProductName"), L"Orv Rendering");
-    EXPECT_NE(property(L"FileDescription"), L"");
+    EXPECT_EQ(property(L"FileDescription"), L"Orv Rendering for 3ds Max 2019");
+    EXPECT_EQ(property(L"OriginalFilename"), L"OrvRendering.gup");
+    EXPECT_EQ(property(L"LegalCopyright").substr(0, 9), L"Copyright");
+
+    void* fixed = nullptr;
+    UINT size = 0;
+    ASSERT_TRUE(::VerQueryValueW(block.data(), L"\\", &fixed, &size));
+    const auto& numbers = *static_cast<const VS_FIXEDFILEINFO*>(fixed);
+    const std::wstring text = std::to_wstring(HIWORD(numbers.dwProductVersionMS)) + L"." +
+                              std::to_wstring(LOWORD(numbers.dwProductVersionMS)) + L"." +
+                              std::to_wstring(HIWORD(numbers.dwProductVersionLS));
+    EXPECT_EQ(text, kPluginVersion);
+    EXPECT_EQ(numbers.dwFileVersionMS, numbers.dwProductVersionMS);
+    EXPECT_EQ(numbers.dwFileVersionLS, numbers.dwProductVersionLS);
 }
 
 class StandinLibrary : public ::testing::TestWithParam<std::wstring> {};
