@@ -25,6 +25,7 @@ dev_setup() {
   setup_packages
   setup_googletest
   setup_jsoncpp
+  setup_licences
   setup_seven_zip
   setup_wine_prefix
   end_last
@@ -90,6 +91,17 @@ setup_jsoncpp() {
     -DJSONCPP_WITH_TESTS=OFF -DJSONCPP_WITH_POST_BUILD_UNITTEST=OFF -DBUILD_OBJECT_LIBS=OFF \
     -DJSONCPP_WITH_PKGCONFIG_SUPPORT=OFF -DJSONCPP_WITH_EXAMPLE=OFF
   mark_done jsoncpp "$recipe"
+}
+
+# The licence that goes into the package, from the same sources.
+setup_licences() {
+  local recipe="$jsoncpp_package $jsoncpp_version"
+  is_done licences "$recipe" && return
+  mark_undone licences
+  [ -f "$work_dir/jsoncpp-source/LICENSE" ] || step "fetch JsonCpp" fetch_jsoncpp
+  mkdir -p "$deps_dir/licences"
+  cp "$work_dir/jsoncpp-source/LICENSE" "$deps_dir/licences/jsoncpp.txt"
+  mark_done licences "$recipe"
 }
 
 fetch_jsoncpp() {
