@@ -38,8 +38,13 @@ def copy(source, target):
     shutil.copyfile(source, target)
 
 
+def windows_text(source):
+    """A text with the line ends of Windows, however it was checked out."""
+    return source.read_bytes().replace(b"\r\n", b"\n").replace(b"\n", b"\r\n")
+
+
 def filled(template, target, values):
-    text = (HERE / template).read_bytes().decode()
+    text = windows_text(HERE / template).decode()
     for name, value in values.items():
         text = text.replace(f"@{name}@", value)
     target.parent.mkdir(parents=True, exist_ok=True)
@@ -113,7 +118,7 @@ def write_zip(payload, version, target):
             archive.writestr(zipfile.ZipInfo(there, (2019, 1, 1, 0, 0, 0)), (payload / name).read_bytes(),
                              zipfile.ZIP_DEFLATED)
         archive.writestr(zipfile.ZipInfo("read-me.txt", (2019, 1, 1, 0, 0, 0)),
-                         (HERE / "portable.txt").read_bytes(), zipfile.ZIP_DEFLATED)
+                         windows_text(HERE / "portable.txt"), zipfile.ZIP_DEFLATED)
 
 
 def write_manifest(output, payload, results):

@@ -8,6 +8,7 @@ dev_lint() {
   step "check format" clang-format --dry-run --Werror "${sources[@]}"
   step "check shell scripts" shellcheck -x -a "${scripts[@]}"
   step "check tree" python3 tools/check_tree.py
+  step "check texts" python3 tools/check_texts.py
   configure mingw
   step "check sources as Visual C++" python3 tools/vc_check.py "$build_dir/lint/vc-work" "$build_dir/lint/vc"
   step "check sources with cppcheck" lint_cppcheck
