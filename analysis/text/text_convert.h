@@ -2,6 +2,7 @@
 // host, UTF-8 in JSON and on the wire, the multibyte code page only for C run-time paths.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace orv {
@@ -12,6 +13,10 @@ namespace orv {
 
 // UTF-16 to UTF-8. A lone surrogate becomes U+FFFD and clears `exact`.
 std::string WideToUtf8(const std::wstring& text, bool* exact = nullptr);
+
+// The bytes that WideToUtf8 makes of the UTF-16 unit at `position`; each half of a surrogate pair
+// has half of the pair's four.
+std::size_t Utf8SizeAt(const std::wstring& text, std::size_t position);
 
 // UTF-8 to UTF-16. Each ill-formed sequence becomes U+FFFD, one or several, and clears `exact`.
 std::wstring Utf8ToWide(const std::string& text, bool* exact = nullptr);
