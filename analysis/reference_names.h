@@ -9,9 +9,10 @@ namespace orv {
 // `path`.
 bool HasCyrillic(const std::wstring& path);
 
-// Whether `path` has at least one character and only such as the farm can take in a path: ASCII
-// letters and digits, CJK Unified Ideographs (U+4E00 to U+9FFF), and the punctuation listed with
-// the function.
-bool IsLegalReferenceName(const std::wstring& path);
+// Whether `path` (UTF-8, up to its terminating zero) has at least one character and only such as
+// the farm can take in a path: ASCII letters and digits, CJK Unified Ideographs (U+4E00 to U+9FFF),
+// and the punctuation listed with the function. A path that is no proper UTF-8 is not legal. Takes
+// no memory and about as long as a copy: a report may have hundreds of thousands of paths.
+bool IsLegalReferenceName(const char* path);
 
 } // namespace orv

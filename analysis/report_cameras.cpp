@@ -7,6 +7,7 @@
 #include "resources/texts.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace orv {
 namespace {
@@ -19,7 +20,7 @@ constexpr std::int32_t kProgressiveSampler = 3; // V-Ray's number of it
 constexpr std::int32_t kAdvisedErrorCode = 107;
 
 std::wstring NameOf(const Json::Value& entry) {
-    const std::wstring name = Utf8ToWide(TextOf(MemberOf(entry, "name")));
+    const std::wstring name = Utf8ToWide(RawText(MemberOf(entry, "name")));
     return name.size() > kLongestName ? std::wstring() : name;
 }
 
@@ -34,22 +35,34 @@ std::wstring UpperCased(std::wstring text) {
 }
 
 std::int32_t WholeNumberOf(const Json::Value& object, const char* member) {
-    return WholeNumber(TextOf(MemberOf(object, member)));
+    return WholeNumber(std::string(RawText(MemberOf(object, member))));
+}
+
+// A conversion of a number beyond a float's range would be undefined.
+float WithinFloat(double value) {
+    const double highest = std::numeric_limits<float>::max();
+    return static_cast<float>(std::max(-highest, std::min(value, highest)));
 }
 
 bool IsSpherical(const Json::Value& vray) {
     const Json::Value& override = MemberOf(vray, "camera_override_fov");
     const Json::Value& fieldOfView = MemberOf(vray, "camera_fov");
-    const double degrees = fieldOfView.isNull() ? kFullCircle : DecimalNumber(TextOf(fieldOfView));
+    const double degrees = fieldOfView.isNull() ? kFullCircle : DecimalNumber(RawText(fieldOfView));
     // The report writes 360.0 as it stands, so an exact comparison is meant.
     const bool isFullCircle = !(degrees < kFullCircle) && !(degrees > kFullCircle);
-    return override.asBool() && isFullCircle && TextOf(MemberOf(vray, "is_spherical")) == "true";
+    return override.asBool() && isFullCircle &&
+           RawText(MemberOf(vray, "is_spherical")) == std::string("true");
+}
+
+// A camera's own width or height, 0 when it has none.
+std::int32_t OwnSize(const Json::Value& camera, const char* member) {
+    return WholeNumber(Utf8ToWide(RawText(MemberOf(camera, member))));
 }
 
 CameraInfo ReadCamera(const Json::Value& camera, const std::wstring& name,
                       const SceneImage& image) {
-    const std::int32_t width = WholeNumberOf(camera, "camWidth");
-    const std::int32_t height = WholeNumberOf(camera, "camHeight");
+    const std::int32_t width = OwnSize(camera, "camWidth");
+    const std::int32_t height = OwnSize(camera, "camHeight");
     CameraInfo info;
     info.name = name;
     info.width = width != 0 ? width : image.width;
@@ -104,7 +117,7 @@ void ReadCameras(const Json::Value& report, const SceneImage& image, SceneAnalys
 void ReadGamma(const Json::Value& report, SceneAnalysis& analysis) {
     const Json::Value& gamma = MemberOf(report, "gamma_out");
     if (!gamma.isNull())
-        analysis.gammaOut = static_cast<float>(DecimalNumber(TextOf(gamma)));
+        analysis.gammaOut = WithinFloat(DecimalNumber(RawText(gamma)));
 }
 
 void ReadErrors(const Json::Value& report, SceneAnalysis& analysis) {

@@ -1,5 +1,4 @@
 // Steps of reading a report that concern the scene as a whole.
-#include "analysis/reference_names.h"
 #include "analysis/report_json.h"
 #include "analysis/report_steps.h"
 #include "analysis/text/text_convert.h"
@@ -7,16 +6,10 @@
 #include "resources/message_box.h"
 #include "resources/texts.h"
 
-#include <cstdlib>
-
 namespace orv {
 namespace {
 
 constexpr char kUnlimited[] = "0"; // compared as text: "0.0" counts as a limit
-
-std::wstring PathOf(const Json::Value& entry) {
-    return Utf8ToWide(TextOf(MemberOf(entry, "path")));
-}
 
 } // namespace
 
@@ -31,7 +24,7 @@ void AddTip(SceneAnalysis& analysis, unsigned textId) {
 }
 
 void CheckRenderer(const Json::Value& report, SceneAnalysis& analysis) {
-    if (TextOf(MemberOf(report, "renderer_full_name")) == "Missing_Renderer")
+    if (RawText(MemberOf(report, "renderer_full_name")) == std::string("Missing_Renderer"))
         AddTip(analysis, IDS_TIP_RENDERER_MISSING);
 }
 
@@ -44,9 +37,9 @@ void ReadCoronaLimits(const Json::Value& report, SceneAnalysis& analysis) {
         analysis.coronaState = CoronaLimitState::NoLimits;
         return;
     }
-    const std::string pass = TextOf(passValue);
-    const std::string milliseconds = TextOf(timeValue);
-    const std::string noise = TextOf(noiseValue);
+    const std::string pass = RawText(passValue);
+    const std::string milliseconds = RawText(timeValue);
+    const std::string noise = RawText(noiseValue);
     analysis.coronaPassLimit = WholeNumber(pass);
     analysis.coronaTimeLimitSeconds = WholeNumber(milliseconds) / 1000;
     analysis.coronaTimeLimitHours = analysis.coronaTimeLimitSeconds * (1.0 / 3600.0);
@@ -70,7 +63,7 @@ void ReadCoronaLimits(const Json::Value& report, SceneAnalysis& analysis) {
 }
 
 void ReadRegion(const Json::Value& report, SceneAnalysis& analysis) {
-    analysis.isRegion = TextOf(MemberOf(report, "is_region"));
+    analysis.isRegion = RawText(MemberOf(report, "is_region"));
     if (analysis.isRegion != "true")
         return;
     AddTip(analysis, IDS_TIP_REGION);
@@ -79,43 +72,14 @@ void ReadRegion(const Json::Value& report, SceneAnalysis& analysis) {
                "confirm to use block rendering.");
 }
 
-void CheckCyrillicReferences(const Json::Value& report, SceneAnalysis& analysis) {
-    for (const Json::Value& entry : MemberOf(report, "reference_file")) {
-        if (!HasCyrillic(PathOf(entry)))
-            continue;
-        AddTip(analysis, IDS_TIP_CYRILLIC_REFERENCE);
-        AddMessage(analysis, kWarn, "The name of reference file have Russian characters.");
+void ListMissingFiles(const std::vector<const char*>& paths, SceneAnalysis& analysis) {
+    if (paths.empty())
         return;
-    }
-}
-
-bool RemoveIllegalReferences(Json::Value& report, SceneAnalysis& analysis) {
-    Json::Value legal(Json::arrayValue);
-    for (const Json::Value& entry : MemberOf(report, "reference_file")) {
-        const std::wstring path = PathOf(entry);
-        if (IsLegalReferenceName(path)) {
-            legal.append(entry);
-            continue;
-        }
-        if (!analysis.hasIllegalReference) {
-            analysis.hasIllegalReference = true;
-            analysis.problemFiles.push_back(ResourceText(IDS_ILLEGAL_REFERENCES_HEADING));
-            AddMessage(analysis, kWarn, "The name of reference file have illegal characters.");
-        }
-        analysis.problemFiles.push_back(path);
-    }
-    if (analysis.hasIllegalReference)
-        report["reference_file"] = legal;
-    return analysis.hasIllegalReference;
-}
-
-void ListMissingFiles(const Json::Value& report, SceneAnalysis& analysis) {
-    const Json::Value& files = MemberOf(report, "missing_file");
-    if (files.empty())
-        return;
+    const std::string prefix = WideToUtf8(ResourceText(IDS_MISSING_FILE_PREFIX));
+    analysis.problemFiles.reserve(analysis.problemFiles.size() + 1 + paths.size());
     analysis.problemFiles.push_back(ResourceText(IDS_MISSING_FILES_HEADING));
-    for (const Json::Value& entry : files)
-        analysis.problemFiles.push_back(ResourceText(IDS_MISSING_FILE_PREFIX) + PathOf(entry));
+    for (const char* path : paths)
+        analysis.problemFiles.push_back(Utf8ToWide(prefix + path));
 }
 
 void ListSameNameFiles(const Json::Value& report, SceneAnalysis& analysis) {
@@ -123,9 +87,11 @@ void ListSameNameFiles(const Json::Value& report, SceneAnalysis& analysis) {
     if (files.empty())
         return;
     analysis.problemFiles.push_back(ResourceText(IDS_SAME_FILES_HEADING));
+    const std::wstring prefix = ResourceText(IDS_SAME_FILE_PREFIX);
     for (const Json::Value& entry : files) {
-        if (MemberOf(entry, "path").isString())
-            analysis.problemFiles.push_back(ResourceText(IDS_SAME_FILE_PREFIX) + PathOf(entry));
+        const Json::Value& path = MemberOf(entry, "path");
+        if (path.isString())
+            analysis.problemFiles.push_back(prefix + Utf8ToWide(RawText(path)));
     }
 }
 

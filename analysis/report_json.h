@@ -4,16 +4,33 @@
 #include <cstdint>
 #include <json/value.h>
 #include <string>
+#include <vector>
 
 namespace orv {
 
-// Parses a report (comments are kept with the values). False for a text that is not JSON or nested
-// too deeply; never throws.
+enum class ParseOutcome {
+    Parsed,
+    NotJson,
+    TooDeep, // nested deeper than JsonCpp follows, which is 1000 levels
+};
+
+// Parses a report (UTF-8). Comments are kept with the values, unless there are more than a hundred
+// in a row. The offsets of the values are those in `json`. Throws only when memory runs out.
+ParseOutcome ParseReportJson(const std::string& json, Json::Value& report);
+
+// The same for the report's text as it was read; false for every outcome but Parsed.
 bool ParseReport(const std::wstring& reportText, Json::Value& report);
 
+// The paths of the two long lists, each up to its first zero character; they point into the report.
+struct ReportPaths {
+    std::vector<const char*> missing;
+    std::vector<const char*> referenced;
+};
+
 // The name of the first member that the reader needs and that is missing or of another type, such
-// as "cameras[2].name", with what is expected of it; empty when the report can be read.
-std::string FindReportFault(const Json::Value& report);
+// as "cameras[2].name", with what is expected of it; empty when the report can be read. Then
+// `paths` are filled: visiting hundreds of thousands of entries once is enough.
+std::string FindReportFault(const Json::Value& report, ReportPaths& paths);
 
 // `member` of `object`; the null value when it is missing or `object` is no object. The readers
 // below answer for any type, so that code which meets an unchecked report cannot fail.
@@ -22,11 +39,20 @@ const Json::Value& MemberOf(const Json::Value& object, const char* member);
 // A string, number or boolean as text; empty for everything else.
 std::string TextOf(const Json::Value& value);
 
-// The whole number at the start of a text, as C's atoi reads it, but kept within 32 bits.
-std::int32_t WholeNumber(const std::string& text);
+// A string as C sees it: up to its first zero character; empty for everything that is no string.
+// Points into `value`.
+const char* RawText(const Json::Value& value);
 
-// The decimal number at the start of a text, always with "." before the fraction, whatever language
-// the host has set; 0 when there is none.
+// The whole number at the start of a text, as C's atoi reads it: blanks, a sign, digits; 0 when
+// there is none. A number beyond 32 bits is kept at the nearest end. The wide form, like _wtoi,
+// takes the digits of other scripts as well.
+std::int32_t WholeNumber(const std::string& text);
+std::int32_t WholeNumber(const std::wstring& text);
+
+// The decimal number at the start of a text, as C's atof reads it: blanks, a sign, digits with or
+// without a fraction and an exponent; 0 when there is none. Always with "." before the fraction,
+// whatever language the host has set. Infinities, "nan" and hexadecimal digits are no numbers; a
+// number beyond a double's range is kept at the nearest end.
 double DecimalNumber(const std::string& text);
 
 } // namespace orv

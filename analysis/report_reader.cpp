@@ -6,7 +6,7 @@
 #include "config/plugin_data.h"
 
 #include <exception>
-#include <json/writer.h>
+#include <new>
 #include <utility>
 
 namespace orv {
@@ -23,15 +23,32 @@ void BeginRead(SceneAnalysis& analysis) {
     analysis.hasIllegalReference = false;
 }
 
+// The report's text is far larger than all the rest, so it stays out of copies.
+SceneAnalysis CopyWithoutText(SceneAnalysis& analysis) {
+    class TextAside {
+    public:
+        explicit TextAside(std::wstring& text) : text_(text) { text_.swap(aside_); }
+        ~TextAside() { text_.swap(aside_); }
+        TextAside(const TextAside&) = delete;
+        TextAside& operator=(const TextAside&) = delete;
+
+    private:
+        std::wstring& text_;
+        std::wstring aside_;
+    };
+    const TextAside aside(analysis.reportText);
+    return analysis;
+}
+
 // The order of the steps is the order of the messages that the user sees.
-int ReadInOrder(Json::Value& report, SceneAnalysis& analysis) {
+int ReadInOrder(const Json::Value& report, const ReportPaths& paths, ReferenceFindings& references,
+                SceneAnalysis& analysis) {
     CheckRenderer(report, analysis);
     ReadCoronaLimits(report, analysis);
     ReadRegion(report, analysis);
-    CheckCyrillicReferences(report, analysis);
-    if (RemoveIllegalReferences(report, analysis))
-        analysis.reportText = Utf8ToWide(Json::StyledWriter().write(report));
-    ListMissingFiles(report, analysis);
+    WarnOfCyrillicReferences(references, analysis);
+    ListIllegalReferences(references, analysis);
+    ListMissingFiles(paths.missing, analysis);
     ListSameNameFiles(report, analysis);
     if (!HasCameras(report)) {
         AddMessage(analysis, kError, "No cameras!");
@@ -48,6 +65,19 @@ int ReadInOrder(Json::Value& report, SceneAnalysis& analysis) {
     return kReportRead;
 }
 
+// Reads into a copy, so that a read that ends half-way, as when memory runs out, leaves nothing
+// behind.
+int ReadWhole(const Json::Value& report, const ReportPaths& paths, SceneAnalysis& analysis) {
+    SceneAnalysis filled = CopyWithoutText(analysis);
+    ReferenceFindings references = CheckReferences(paths.referenced);
+    const int result = ReadInOrder(report, paths, references, filled);
+    // From here, nothing can fail any more.
+    RemoveIllegalReferences(report, references, analysis.reportText);
+    filled.reportText.swap(analysis.reportText);
+    analysis = std::move(filled);
+    return result;
+}
+
 int Refuse(SceneAnalysis& analysis, const std::string& reason) {
     const std::string text = "The analysis report cannot be used: " + reason + ".";
     AddMessage(analysis, kError, text);
@@ -55,21 +85,24 @@ int Refuse(SceneAnalysis& analysis, const std::string& reason) {
     return kReportRefused;
 }
 
+int ReadNothing(SceneAnalysis& analysis) {
+    Log(kWarn, "The analysis report is not JSON.");
+    AddClosingMessage(Json::Value(), analysis);
+    return kReportRead;
+}
+
 int Read(SceneAnalysis& analysis) {
     Json::Value report;
-    if (!ParseReport(analysis.reportText, report)) {
-        Log(kWarn, "The analysis report is not JSON.");
-        AddClosingMessage(Json::Value(), analysis);
-        return kReportRead;
-    }
-    const std::string fault = FindReportFault(report);
+    const ParseOutcome outcome = ParseReportJson(WideToUtf8(analysis.reportText), report);
+    if (outcome == ParseOutcome::NotJson)
+        return ReadNothing(analysis);
+    if (outcome == ParseOutcome::TooDeep)
+        return Refuse(analysis, "it is nested more than 1000 levels deep");
+    ReportPaths paths;
+    const std::string fault = FindReportFault(report, paths);
     if (!fault.empty())
         return Refuse(analysis, fault);
-
-    // Into a copy, so that a read that ends half-way leaves nothing behind.
-    SceneAnalysis filled = analysis;
-    const int result = ReadInOrder(report, filled);
-    analysis = std::move(filled);
+    const int result = ReadWhole(report, paths, analysis);
     Log(kInfo, "Analysis report read: " + std::to_string(analysis.cameras.size()) + " cameras, " +
                    std::to_string(analysis.messages.size()) + " messages.");
     return result;
@@ -81,7 +114,9 @@ int ReadAnalysisReport(SceneAnalysis& analysis) {
     try {
         BeginRead(analysis);
         return Read(analysis);
-    } catch (const std::exception& error) { // out of memory, or a type that was not foreseen
+    } catch (const std::bad_alloc&) {
+        return Refuse(analysis, "there is not enough memory for it");
+    } catch (const std::exception& error) { // a type that was not foreseen
         return Refuse(analysis, error.what());
     }
 }

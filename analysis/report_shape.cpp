@@ -19,10 +19,13 @@ struct MemberShape {
     Shape shape;
 };
 
+using Texts = std::vector<const char*>;
+
 // A list whose entries are objects with a needed string.
 struct ListShape {
     const char* name;
     const char* entryMember;
+    Texts ReportPaths::*texts; // where the strings are noted, if anywhere
 };
 
 constexpr MemberShape kTopLevel[] = {
@@ -62,13 +65,13 @@ constexpr MemberShape kVRay[] = {
 };
 
 constexpr ListShape kLists[] = {
-    {"missing_file", "path"},
-    {"reference_file", "path"},
-    {"cameras", "name"},
-    {"dupl_cameras", "name"},
+    {"missing_file", "path", &ReportPaths::missing},
+    {"reference_file", "path", &ReportPaths::referenced},
+    {"cameras", "name", nullptr},
+    {"dupl_cameras", "name", nullptr},
 };
 
-constexpr ListShape kErrorCodes = {"error_code", "code"};
+constexpr ListShape kErrorCodes = {"error_code", "code", nullptr};
 
 bool Fits(const Json::Value& value, Shape shape) {
     switch (shape) {
@@ -106,88 +109,111 @@ const char* Expected(Shape shape) {
     return "";
 }
 
-std::string Fault(const std::string& member, const std::string& reason) {
-    return "\"" + member + "\" " + reason;
+// A member that is not as it must be. Without a reason there is no fault.
+struct Fault {
+    std::string member;
+    const char* reason = nullptr;
+};
+
+// The fault of a part of the report, as one of the whole report. Only a fault costs the time to
+// write its place: lists have hundreds of thousands of entries.
+Fault Within(const std::string& place, const Fault& fault) {
+    const char* const dot = fault.member.empty() ? "" : ".";
+    return {place + dot + fault.member, fault.reason};
 }
 
 template<std::size_t count>
-std::string FaultOfMembers(const Json::Value& object, const std::string& place,
-                           const MemberShape (&members)[count]) {
+Fault FaultOfMembers(const Json::Value& object, const MemberShape (&members)[count]) {
     for (const MemberShape& member : members) {
         if (!Fits(MemberOf(object, member.name), member.shape))
-            return Fault(place + member.name, Expected(member.shape));
+            return {member.name, Expected(member.shape)};
     }
     return {};
 }
 
-std::string FaultOfEntry(const Json::Value& entry, const std::string& place,
-                         const ListShape& list) {
-    if (!entry.isObject())
-        return Fault(place, "is not an object");
-    if (!MemberOf(entry, list.entryMember).isString())
-        return Fault(place + "." + list.entryMember, Expected(Shape::Text));
-    return {};
+// The fault of an entry, if any, as one of the whole report.
+Fault InEntry(const char* listName, std::size_t index, const Fault& fault) {
+    return fault.reason == nullptr
+               ? Fault()
+               : Within(std::string(listName) + "[" + std::to_string(index) + "]", fault);
 }
 
-std::string FaultOfList(const Json::Value& object, const std::string& place,
-                        const ListShape& list) {
+Fault FaultOfList(const Json::Value& object, const ListShape& list, ReportPaths& paths) {
     const Json::Value& entries = MemberOf(object, list.name);
     if (!Fits(entries, Shape::OptionalList))
-        return Fault(place + list.name, Expected(Shape::OptionalList));
-    for (Json::ArrayIndex i = 0; i < entries.size(); ++i) {
-        const std::string entryPlace = place + list.name + "[" + std::to_string(i) + "]";
-        std::string fault = FaultOfEntry(entries[i], entryPlace, list);
-        if (!fault.empty())
-            return fault;
+        return {list.name, Expected(Shape::OptionalList)};
+    Texts unused;
+    Texts& texts = list.texts != nullptr ? paths.*list.texts : unused;
+    texts.reserve(entries.size());
+    for (const Json::Value& entry : entries) {
+        if (!entry.isObject())
+            return InEntry(list.name, texts.size(), {"", "is not an object"});
+        const Json::Value& text = entry[list.entryMember];
+        if (!text.isString())
+            return InEntry(list.name, texts.size(), {list.entryMember, Expected(Shape::Text)});
+        texts.push_back(text.asCString());
     }
     return {};
 }
 
-std::string FaultOfLists(const Json::Value& report) {
+Fault FaultOfLists(const Json::Value& report, ReportPaths& paths) {
     for (const ListShape& list : kLists) {
-        std::string fault = FaultOfList(report, "", list);
-        if (!fault.empty())
+        Fault fault = FaultOfList(report, list, paths);
+        if (fault.reason != nullptr)
             return fault;
     }
     return {};
-}
-
-std::string FaultOfRendererSettings(const Json::Value& report) {
-    const std::string fault =
-        FaultOfMembers(MemberOf(report, "corona_setting"), "corona_setting.", kCorona);
-    return fault.empty() ? FaultOfMembers(MemberOf(report, "vray_setting"), "vray_setting.", kVRay)
-                         : fault;
 }
 
 // The image is needed only where there is a camera to take it.
-std::string FaultOfCameras(const Json::Value& report) {
+Fault FaultOfCameras(const Json::Value& report) {
     const Json::Value& cameras = MemberOf(report, "cameras");
     if (cameras.empty())
         return {};
-    for (Json::ArrayIndex i = 0; i < cameras.size(); ++i) {
-        std::string fault =
-            FaultOfMembers(cameras[i], "cameras[" + std::to_string(i) + "].", kCamera);
-        if (!fault.empty())
+    std::size_t index = 0;
+    for (const Json::Value& camera : cameras) {
+        const Fault fault = InEntry("cameras", index++, FaultOfMembers(camera, kCamera));
+        if (fault.reason != nullptr)
             return fault;
     }
-    return FaultOfMembers(report, "", kNeededWithCameras);
+    return FaultOfMembers(report, kNeededWithCameras);
+}
+
+template<std::size_t count>
+Fault FaultOfSetting(const Json::Value& report, const char* setting,
+                     const MemberShape (&members)[count]) {
+    const Fault fault = FaultOfMembers(MemberOf(report, setting), members);
+    return fault.reason != nullptr ? Within(setting, fault) : Fault();
+}
+
+Fault FaultOfErrors(const Json::Value& report) {
+    ReportPaths none;
+    const Fault fault = FaultOfList(MemberOf(report, "errors"), kErrorCodes, none);
+    return fault.reason != nullptr ? Within("errors", fault) : Fault();
+}
+
+Fault FirstFault(const Json::Value& report, ReportPaths& paths) {
+    Fault fault = FaultOfMembers(report, kTopLevel);
+    if (fault.reason == nullptr)
+        fault = FaultOfLists(report, paths);
+    if (fault.reason == nullptr)
+        fault = FaultOfCameras(report);
+    if (fault.reason == nullptr)
+        fault = FaultOfSetting(report, "corona_setting", kCorona);
+    if (fault.reason == nullptr)
+        fault = FaultOfSetting(report, "vray_setting", kVRay);
+    if (fault.reason == nullptr)
+        fault = FaultOfErrors(report);
+    return fault;
 }
 
 } // namespace
 
-std::string FindReportFault(const Json::Value& report) {
+std::string FindReportFault(const Json::Value& report, ReportPaths& paths) {
     if (!report.isObject())
         return "it is not an object";
-    std::string fault = FaultOfMembers(report, "", kTopLevel);
-    if (fault.empty())
-        fault = FaultOfLists(report);
-    if (fault.empty())
-        fault = FaultOfCameras(report);
-    if (fault.empty())
-        fault = FaultOfRendererSettings(report);
-    if (fault.empty())
-        fault = FaultOfList(MemberOf(report, "errors"), "errors.", kErrorCodes);
-    return fault;
+    const Fault fault = FirstFault(report, paths);
+    return fault.reason == nullptr ? std::string() : "\"" + fault.member + "\" " + fault.reason;
 }
 
 } // namespace orv

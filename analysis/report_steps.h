@@ -6,6 +6,7 @@
 
 #include <json/value.h>
 #include <string>
+#include <vector>
 
 namespace orv {
 
@@ -18,11 +19,25 @@ void AddTip(SceneAnalysis& analysis, unsigned textId);
 void CheckRenderer(const Json::Value& report, SceneAnalysis& analysis);
 void ReadCoronaLimits(const Json::Value& report, SceneAnalysis& analysis);
 void ReadRegion(const Json::Value& report, SceneAnalysis& analysis);
-void CheckCyrillicReferences(const Json::Value& report, SceneAnalysis& analysis);
-// Takes illegal entries out of `report`'s "reference_file"; true when there was one.
-bool RemoveIllegalReferences(Json::Value& report, SceneAnalysis& analysis);
-void ListMissingFiles(const Json::Value& report, SceneAnalysis& analysis);
+void ListMissingFiles(const std::vector<const char*>& paths, SceneAnalysis& analysis);
 void ListSameNameFiles(const Json::Value& report, SceneAnalysis& analysis);
+
+// What the names of the referenced files tell. They are looked at once, because there may be
+// hundreds of thousands, and each has to be converted.
+struct ReferenceFindings {
+    bool hasCyrillic = false;
+    std::vector<std::wstring> illegalPaths;
+    std::vector<std::size_t> illegalEntries; // their places in the list, ascending
+};
+
+ReferenceFindings CheckReferences(const std::vector<const char*>& paths);
+void WarnOfCyrillicReferences(const ReferenceFindings& findings, SceneAnalysis& analysis);
+// Moves the illegal paths into the list of problem files.
+void ListIllegalReferences(ReferenceFindings& findings, SceneAnalysis& analysis);
+// Takes the illegal entries out of `text`, which `report` was parsed from. Everything else of it
+// stays as it is. Needs no memory, so that it cannot fail.
+void RemoveIllegalReferences(const Json::Value& report, const ReferenceFindings& findings,
+                             std::wstring& text);
 
 // What every camera has in common, read once before the cameras.
 struct SceneImage {

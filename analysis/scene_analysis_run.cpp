@@ -10,14 +10,12 @@
 #include "resources/texts.h"
 
 #include <algorithm>
+#include <new>
 
 namespace orv {
 namespace {
 
 constexpr wchar_t kByteOrderMark = 0xFEFF;
-
-// Far above any report; it keeps a runaway script from filling the host's memory.
-constexpr LONGLONG kLargestReport = 256LL * 1024 * 1024;
 
 std::string CodeOf(DWORD error) {
     return std::to_string(error);
@@ -66,11 +64,6 @@ std::string ReadReportFile(const std::wstring& path) {
         Log(kError, "Open report " + WideToUtf8(path) + " error, code is " + CodeOf(error));
         return {};
     }
-    if (size.QuadPart > kLargestReport) {
-        Log(kError,
-            "Report " + WideToUtf8(path) + " is too large: " + std::to_string(size.QuadPart));
-        return {};
-    }
     std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
     if (!ReadAll(file.get(), bytes)) {
         const DWORD error = ::GetLastError();
@@ -83,11 +76,14 @@ std::string ReadReportFile(const std::wstring& path) {
 // Converted in one piece by Windows. A wide stream with a UTF-8 facet would do for most reports,
 // but wchar_t has 16 bits here, and the facet gives up at a character beyond U+FFFF, such as an
 // emoji in a camera's name.
-std::wstring ReadReport(const std::wstring& path) {
+std::wstring ReadReport(const std::wstring& path) try {
     std::wstring text = Utf8ToWide(ReadReportFile(path));
     if (!text.empty() && text.front() == kByteOrderMark)
         text.erase(0, 1);
     return text;
+} catch (const std::bad_alloc&) { // nothing but memory limits a report
+    Log(kError, "Report " + WideToUtf8(path) + " is too large for the memory.");
+    return {};
 }
 
 // A file that stays behind harms nobody: the next run has another name.

@@ -37,7 +37,6 @@ using CameraMap = std::map<std::wstring, CameraInfo>;
 
 struct SceneAnalysis {
     std::wstring reportText; // the analysis report, JSON
-    std::wstring reportPath; // the file it was read from
     std::vector<std::wstring> problemFiles;
     std::vector<std::wstring> tips;
     double coronaTimeLimitHours = 0.0;
@@ -55,6 +54,8 @@ struct SceneAnalysis {
     CameraMap cameras;
     std::wstring duplicateCameraNames; // joined by ","
     bool hasIllegalReference = false;
+
+    std::wstring reportPath; // the file that the report was read from
 
     std::string sceneFileName;     // UTF-8, last part of the scene's path
     std::string sceneFilePath;     // UTF-8, the scene's full path

@@ -39,24 +39,35 @@ protected:
     PluginData& data_ = PluginData::instance();
 };
 
+const GateCase kGates[] = {
+    {CoronaLimitState::NoLimits, 0.0, 0, 0, kCoronaGoOn},
+    {CoronaLimitState::NoLimits, 0.05, 1, 1, kCoronaGoOn},
+    {CoronaLimitState::NothingLimited, 0.0, 0, 0, kCoronaStop},
+    {CoronaLimitState::NothingLimited, -0.0, 0, 0, kCoronaStop},
+    {CoronaLimitState::NothingLimited, 0.05, 0, 0, kCoronaGoOn},
+    {CoronaLimitState::NothingLimited, 0.0, 1, 0, kCoronaGoOn},
+    {CoronaLimitState::NothingLimited, 0.0, 0, 1, kCoronaGoOn},
+    {CoronaLimitState::OnlyTimeLimited, 0.0, 0, 0, kCoronaStop},
+    {CoronaLimitState::OnlyTimeLimited, 0.05, 0, 0, kCoronaGoOn},
+    {CoronaLimitState::OnlyTimeLimited, -0.05, 0, 0, kCoronaGoOn},
+    {CoronaLimitState::OnlyTimeLimited, 0.0, -1, 0, kCoronaGoOn},
+    {CoronaLimitState::OnlyTimeLimited, 0.0, 0, -1, kCoronaGoOn},
+    {CoronaLimitState::OnlyTimeLimited, 0.0, 0, 3600, kCoronaGoOn},
+    {CoronaLimitState::Limited, 0.0, 0, 0, kCoronaGoOn},
+    {CoronaLimitState::Limited, 0.05, 1, 1, kCoronaGoOn},
+};
+
 TEST_F(CoronaGate, StopsOnlyASceneWithoutAnyLimit) {
-    const GateCase cases[] = {
-        {CoronaLimitState::NoLimits, 0.0, 0, 0, kCoronaGoOn},
-        {CoronaLimitState::Limited, 0.0, 0, 0, kCoronaGoOn},
-        {CoronaLimitState::NothingLimited, 0.0, 0, 0, kCoronaStop},
-        {CoronaLimitState::OnlyTimeLimited, 0.0, 0, 0, kCoronaStop},
-        {CoronaLimitState::OnlyTimeLimited, 0.05, 0, 0, kCoronaGoOn},
-        {CoronaLimitState::NothingLimited, 0.0, 1, 0, kCoronaGoOn},
-        {CoronaLimitState::NothingLimited, 0.0, 0, 1, kCoronaGoOn},
-    };
-    for (const GateCase& gate : cases) {
+    for (const GateCase& gate : kGates) {
         set(gate);
         MessageBoxWatcher watcher(ResourceText(IDS_CAPTION_CHECK));
         EXPECT_EQ(CheckCoronaLimits(nullptr), gate.answer);
         const std::vector<SeenMessageBox> boxes = watcher.stop();
         ASSERT_EQ(boxes.size(), gate.answer == kCoronaStop ? 1U : 0U);
-        for (const SeenMessageBox& box : boxes)
+        for (const SeenMessageBox& box : boxes) {
             EXPECT_EQ(box.text, ResourceText(IDS_CORONA_WITHOUT_LIMITS));
+            EXPECT_EQ(box.buttons, std::vector<int>{IDOK});
+        }
     }
 }
 

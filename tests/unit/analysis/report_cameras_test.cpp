@@ -75,6 +75,41 @@ TEST_F(ReportReader, KnowsASphericalCamera) {
     }
 }
 
+struct SizeCase {
+    const char* ownSize; // of the camera, in JSON
+    std::int32_t width;
+};
+
+TEST_F(ReportReader, ReadsACamerasOwnSizeAsFarAsItIsANumber) {
+    const SizeCase cases[] = {
+        {"\"640\"", 640},   {"\" 640\"", 640}, {"\"640px\"", 640},      {"\"640.9\"", 640},
+        {"\"-640\"", -640}, {"\"0\"", 1920},   {"\"0px\"", 1920},       {"\"\"", 1920},
+        {"\"wide\"", 1920}, {"null", 1920},    {"\"\xEF\xBC\x96\"", 6}, {"\"6\\u00004\"", 6},
+    };
+    for (const SizeCase& size : cases) {
+        report_["cameras"][0]["camWidth"] = ParseJson(std::string("[") + size.ownSize + "]")[0];
+        read();
+        EXPECT_EQ(onlyCamera().width, size.width) << size.ownSize;
+        EXPECT_EQ(onlyCamera().height, 1080) << size.ownSize;
+    }
+}
+
+TEST_F(ReportReader, TakesATextForEndedAtAZeroCharacter) {
+    report_["renderer_full_name"] = std::string("Missing_Renderer\0 not", 20);
+    report_["is_region"] = std::string("true\0 not", 9);
+    report_["cameras"][0]["name"] = std::string("Cam\0:", 5);
+    report_["missing_file"] = ParseJson(R"([{"path": "a\u0000b"}])");
+    report_["gamma_out"] = std::string("2\0"
+                                       "5",
+                                       3);
+    read();
+    EXPECT_EQ(analysis_.tips, TipList({IDS_TIP_RENDERER_MISSING, IDS_TIP_REGION}));
+    EXPECT_EQ(analysis_.isRegion, "true");
+    EXPECT_EQ(analysis_.cameras.begin()->first, L"Cam");
+    EXPECT_EQ(analysis_.problemFiles.back(), ResourceText(IDS_MISSING_FILE_PREFIX) + L"a");
+    EXPECT_EQ(analysis_.gammaOut, 2.0F);
+}
+
 TEST_F(ReportReader, PrefersACamerasOwnSize) {
     report_["cameras"] = ParseJson(R"([{"name": "a", "camWidth": "640", "camHeight": "480"},
         {"name": "b", "camWidth": "0", "camHeight": "0"}, {"name": "c", "camWidth": "800"}])");

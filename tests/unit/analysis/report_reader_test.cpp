@@ -226,17 +226,26 @@ TEST_F(ReportReader, ListsProblemFilesInThreeBlocks) {
                             same + L"s2"));
 }
 
-TEST_F(ReportReader, GivesMessagesAndTipsInTheOrderOfItsSteps) {
-    report_ = ParseJson(R"({
-        "renderer_full_name": "Missing_Renderer", "is_region": "true", "version": true,
+// All that a report can set off, in a report of its own making: each step leaves its message, its
+// advice and its problem files behind those of the step before.
+Json::Value ReportOfEverything() {
+    Json::Value report = ParseJson(R"({
+        "dupl_cameras": [], "errors": {"error_code": [{"code": "12"}, {"code": "107"}]},
+        "cameras": [{"name": "a?"}, {"name": "plain"}, {"name": "b%"}],
+        "vray_setting": {"imagesampler_type": "3"}, "image_format": "tif",
+        "image_width": "1", "image_height": "1", "start_frame": "0",
+        "same_file": [{"path": "s"}], "missing_file": [{"path": "m"}], "is_region": "true",
         "corona_setting": {"pass_limit": "0", "time_limit": "1000", "noise_level_limit": "0"},
-        "image_width": "1", "image_height": "1", "start_frame": "0", "image_format": "tif",
-        "vray_setting": {"imagesampler_type": "3"},
-        "cameras": [{"name": "a?"}, {"name": "b%"}],
-        "errors": {"error_code": [{"code": "107"}]}
+        "renderer_full_name": "Missing_Renderer", "version": true
     })");
-    report_["reference_file"] = ParseJson("[{\"path\": \"\xD0\xB4\"}]");
+    report["reference_file"] = ParseJson("[{\"path\": \"%\"}, {\"path\": \"\xD0\xB4\"}]");
+    return report;
+}
+
+TEST_F(ReportReader, GivesEverythingInTheOrderOfItsSteps) {
+    report_ = ReportOfEverything();
     read();
+    EXPECT_EQ(result_, kReportRead);
     EXPECT_EQ(
         MessageTexts(analysis_),
         (Texts{kTimeOnly, kRegion, kRussian, kIllegal, kCameraName, kCameraName,
@@ -244,6 +253,33 @@ TEST_F(ReportReader, GivesMessagesAndTipsInTheOrderOfItsSteps) {
     EXPECT_EQ(analysis_.tips, TipList({IDS_TIP_RENDERER_MISSING, IDS_TIP_CORONA_BLOCKS,
                                        IDS_TIP_REGION, IDS_TIP_CYRILLIC_REFERENCE, IDS_TIP_TIFF,
                                        IDS_TIP_IMAGE_SAMPLER, IDS_TIP_SCENE_ERROR}));
+    EXPECT_THAT(analysis_.problemFiles,
+                ElementsAre(ResourceText(IDS_ILLEGAL_REFERENCES_HEADING), L"%", L"\x0434",
+                            ResourceText(IDS_MISSING_FILES_HEADING),
+                            ResourceText(IDS_MISSING_FILE_PREFIX) + L"m",
+                            ResourceText(IDS_SAME_FILES_HEADING),
+                            ResourceText(IDS_SAME_FILE_PREFIX) + L"s"));
+}
+
+TEST_F(ReportReader, EndsWithTheDuplicateCamerasOrWithoutCameras) {
+    const Texts beforeCameras = {kUnlimited, kRegion, kRussian, kIllegal};
+    report_ = ReportOfEverything();
+    report_["corona_setting"]["time_limit"] = "0";
+    report_["dupl_cameras"] = ParseJson(R"([{"name": "A"}])");
+    report_.removeMember("errors");
+    read();
+    EXPECT_EQ(result_, kReportDuplicateCameras);
+    Texts expected = beforeCameras;
+    expected.insert(expected.end(), {kCameraName, kCameraName, kNoErrors});
+    EXPECT_EQ(MessageTexts(analysis_), expected);
+
+    report_.removeMember("cameras");
+    read();
+    EXPECT_EQ(result_, kReportNoCameras);
+    expected = beforeCameras;
+    expected.emplace_back("ERROR No cameras!");
+    EXPECT_EQ(MessageTexts(analysis_), expected);
+    EXPECT_EQ(analysis_.problemFiles.size(), 7U);
 }
 
 } // namespace

@@ -2,12 +2,34 @@
 
 #include "analysis/text/text_convert.h"
 
+#include <fstream>
 #include <json/reader.h>
 #include <json/writer.h>
+#include <sstream>
 #include <stdexcept>
 
 namespace orv {
 namespace test {
+namespace {
+
+std::string OneLine(const Json::Value& value) {
+    Json::StreamWriterBuilder builder;
+    builder["indentation"] = "";
+    return Json::writeString(builder, value);
+}
+
+// Begun anew by each run of the test program.
+void Record(const Json::Value& report, bool isRefused) {
+    static std::ofstream file("analysis-reports.jsonl", std::ios::binary);
+    Json::Value line;
+    line["refused"] = isRefused;
+    line["report"] = report;
+    file << OneLine(line) << "\n" << std::flush;
+    if (!file)
+        throw std::runtime_error("analysis-reports.jsonl cannot be written");
+}
+
+} // namespace
 
 Json::Value ParseJson(const std::string& text) {
     Json::Value value;
@@ -37,7 +59,36 @@ SceneAnalysis ReadReport(const Json::Value& report, int& result) {
     SceneAnalysis analysis;
     analysis.reportText = ReportText(report);
     result = ReadAnalysisReport(analysis);
+    Record(report, result == kReportRefused);
     return analysis;
+}
+
+std::string Described(const SceneAnalysis& analysis) {
+    std::ostringstream out;
+    const auto list = [&out](const char* name, const std::vector<std::wstring>& lines) {
+        for (const std::wstring& line : lines)
+            out << name << " " << WideToUtf8(line) << "\n";
+    };
+    out << "report " << WideToUtf8(analysis.reportText) << "\n";
+    list("problem", analysis.problemFiles);
+    list("tip", analysis.tips);
+    out << "corona " << static_cast<int>(analysis.coronaState) << " " << analysis.coronaPassLimit
+        << " " << analysis.coronaTimeLimitSeconds << " " << analysis.coronaTimeLimitHours << " "
+        << analysis.coronaNoiseLimit << "\nregion " << analysis.isRegion << "\n";
+    for (const AnalysisMessage& message : analysis.messages)
+        out << "message " << message.severity << " " << message.text << "\n";
+    out << "gamma " << analysis.gammaOut << "\nvray " << analysis.imageSamplerType << " "
+        << analysis.irradmapPreset << " " << analysis.irradmapMinRate << " "
+        << analysis.irradmapMaxRate << "\n";
+    for (const auto& camera : analysis.cameras) {
+        const CameraInfo& info = camera.second;
+        out << "camera " << WideToUtf8(camera.first) << " | " << WideToUtf8(info.name) << " "
+            << info.width << " " << info.height << " " << info.startFrame << " "
+            << WideToUtf8(info.imageFormat) << " " << info.isSpherical << "\n";
+    }
+    out << "duplicates " << WideToUtf8(analysis.duplicateCameraNames) << "\nillegal "
+        << analysis.hasIllegalReference << "\n";
+    return out.str();
 }
 
 } // namespace test

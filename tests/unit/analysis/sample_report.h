@@ -17,8 +17,13 @@ Json::Value ParseJson(const std::string& text);
 // `report` as the text that a run of the parser leaves.
 std::wstring ReportText(const Json::Value& report);
 
-// Reads `report` into a new analysis; the reader's code goes to `result`.
+// Reads `report` into a new analysis; the reader's code goes to `result`. The report is added to
+// the file analysis-reports.jsonl in the current folder, one object a line, with the member
+// "refused" that says whether the reader refused it: the schema of the report is held against it.
 SceneAnalysis ReadReport(const Json::Value& report, int& result);
+
+// Everything that reading a report fills, as a text to be compared.
+std::string Described(const SceneAnalysis& analysis);
 
 } // namespace test
 } // namespace orv
