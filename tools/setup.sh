@@ -15,9 +15,12 @@ packages=(
   fonts-wine fonts-wqy-microhei fonts-liberation              # window captions, Chinese, English
   xdotool imagemagick 7zip                                    # ./dev demo: hands, eyes, a second reader
   googletest                                                  # sources, built for Windows below
+  python3-jsonschema                                          # tests of documented file formats
 )
 jsoncpp_package=libjsoncpp
 jsoncpp_version=1.9.5
+benchmark_package=benchmark
+benchmark_version=1.7.1
 seven_zip_package=7zip-bin@5.2.0
 
 dev_setup() {
@@ -26,6 +29,7 @@ dev_setup() {
   setup_googletest
   setup_jsoncpp
   setup_licences
+  setup_benchmark
   setup_seven_zip
   setup_wine_prefix
   end_last
@@ -86,8 +90,8 @@ setup_jsoncpp() {
   recipe="$jsoncpp_package $jsoncpp_version, GCC $(compiler_version)"
   is_done jsoncpp "$recipe" && return
   mark_undone jsoncpp
-  step "fetch JsonCpp" fetch_jsoncpp
-  step "build JsonCpp" build_dependency "$work_dir/jsoncpp-source" jsoncpp \
+  step "fetch JsonCpp" fetch_debian_source "$jsoncpp_package" "$jsoncpp_version" jsoncpp_version
+  step "build JsonCpp" build_dependency "$work_dir/$jsoncpp_package-source" jsoncpp \
     -DJSONCPP_WITH_TESTS=OFF -DJSONCPP_WITH_POST_BUILD_UNITTEST=OFF -DBUILD_OBJECT_LIBS=OFF \
     -DJSONCPP_WITH_PKGCONFIG_SUPPORT=OFF -DJSONCPP_WITH_EXAMPLE=OFF
   mark_done jsoncpp "$recipe"
@@ -98,22 +102,39 @@ setup_licences() {
   local recipe="$jsoncpp_package $jsoncpp_version"
   is_done licences "$recipe" && return
   mark_undone licences
-  [ -f "$work_dir/jsoncpp-source/LICENSE" ] || step "fetch JsonCpp" fetch_jsoncpp
+  [ -f "$work_dir/$jsoncpp_package-source/LICENSE" ] ||
+    step "fetch JsonCpp" fetch_debian_source "$jsoncpp_package" "$jsoncpp_version" jsoncpp_version
   mkdir -p "$deps_dir/licences"
-  cp "$work_dir/jsoncpp-source/LICENSE" "$deps_dir/licences/jsoncpp.txt"
+  cp "$work_dir/$jsoncpp_package-source/LICENSE" "$deps_dir/licences/jsoncpp.txt"
   mark_done licences "$recipe"
 }
 
-fetch_jsoncpp() {
-  rm -rf "$work_dir/jsoncpp-source" "$work_dir/jsoncpp-download"
-  mkdir -p "$work_dir/jsoncpp-download"
-  cd "$work_dir/jsoncpp-download" || return
-  fetch_source "$jsoncpp_package"
-  ls "${jsoncpp_package}_$jsoncpp_version"-*.dsc || {
-    echo "Debian now has another version than $jsoncpp_version: set jsoncpp_version in tools/setup.sh"
+setup_benchmark() {
+  local recipe
+  recipe="$benchmark_package $benchmark_version, GCC $(compiler_version)"
+  is_done benchmark "$recipe" && return
+  mark_undone benchmark
+  step "fetch Google Benchmark" fetch_debian_source "$benchmark_package" "$benchmark_version" benchmark_version
+  # Debian's sources do not tell their version; their build files need one.
+  step "build Google Benchmark" build_dependency "$work_dir/$benchmark_package-source" benchmark \
+    -DBENCHMARK_ENABLE_TESTING=OFF -DBENCHMARK_ENABLE_GTEST_TESTS=OFF -DBENCHMARK_INSTALL_DOCS=OFF \
+    "-DGIT_VERSION=$benchmark_version"
+  mark_done benchmark "$recipe"
+}
+
+# fetch_debian_source PACKAGE VERSION VARIABLE: unpacks the sources of PACKAGE into PACKAGE-source of the
+# work folder; VARIABLE is where VERSION is set.
+fetch_debian_source() {
+  local download=$work_dir/$1-download
+  rm -rf "$work_dir/$1-source" "$download"
+  mkdir -p "$download"
+  cd "$download" || return
+  fetch_source "$1"
+  ls "$1_$2"-*.dsc || {
+    echo "Debian now has another version than $2: set $3 in tools/setup.sh"
     return 1
   }
-  dpkg-source -x ./*.dsc "$work_dir/jsoncpp-source"
+  dpkg-source -x ./*.dsc "$work_dir/$1-source"
 }
 
 # fetch_source PACKAGE: downloads the source package of that name into the current folder. The
