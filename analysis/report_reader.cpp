@@ -71,6 +71,8 @@ int ReadWhole(const Json::Value& report, const ReportPaths& paths, SceneAnalysis
     SceneAnalysis filled = CopyWithoutText(analysis);
     ReferenceFindings references = CheckReferences(paths.referenced);
     const int result = ReadInOrder(report, paths, references, filled);
+    Log(kInfo, "Analysis report read: " + std::to_string(filled.cameras.size()) + " cameras, " +
+                   std::to_string(filled.messages.size()) + " messages.");
     // From here, nothing can fail any more.
     RemoveIllegalReferences(report, references, analysis.reportText);
     filled.reportText.swap(analysis.reportText);
@@ -102,10 +104,7 @@ int Read(SceneAnalysis& analysis) {
     const std::string fault = FindReportFault(report, paths);
     if (!fault.empty())
         return Refuse(analysis, fault);
-    const int result = ReadWhole(report, paths, analysis);
-    Log(kInfo, "Analysis report read: " + std::to_string(analysis.cameras.size()) + " cameras, " +
-                   std::to_string(analysis.messages.size()) + " messages.");
-    return result;
+    return ReadWhole(report, paths, analysis);
 }
 
 } // namespace

@@ -29,8 +29,9 @@ public:
 
     void keepUntil(std::size_t utf8Offset) {
         while (utf8Offset_ < utf8Offset && read_ < text_.size()) {
-            text_[written_++] = text_[read_];
-            step();
+            const wchar_t unit = text_[read_];
+            step(); // looks at the units around, of which the next line may replace one
+            text_[written_++] = unit;
         }
     }
 

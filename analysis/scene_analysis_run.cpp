@@ -76,14 +76,16 @@ std::string ReadReportFile(const std::wstring& path) {
 // Converted in one piece by Windows. A wide stream with a UTF-8 facet would do for most reports,
 // but wchar_t has 16 bits here, and the facet gives up at a character beyond U+FFFF, such as an
 // emoji in a camera's name.
-std::wstring ReadReport(const std::wstring& path) try {
-    std::wstring text = Utf8ToWide(ReadReportFile(path));
-    if (!text.empty() && text.front() == kByteOrderMark)
-        text.erase(0, 1);
-    return text;
-} catch (const std::bad_alloc&) { // nothing but memory limits a report
-    Log(kError, "Report " + WideToUtf8(path) + " is too large for the memory.");
-    return {};
+std::wstring ReadReport(const std::wstring& path) {
+    try {
+        std::wstring text = Utf8ToWide(ReadReportFile(path));
+        if (!text.empty() && text.front() == kByteOrderMark)
+            text.erase(0, 1);
+        return text;
+    } catch (const std::bad_alloc&) { // nothing but memory bounds a report
+        Log(kError, "Report " + WideToUtf8(path) + " is too large for the memory.");
+        return {};
+    }
 }
 
 // A file that stays behind harms nobody: the next run has another name.

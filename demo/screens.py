@@ -18,8 +18,20 @@ WORK = run.ROOT / "build/work/screens"
 
 # Controls by number.
 ANALYSE_AGAIN, EDIT_CAMERAS, WIDTH, OPTIONS_CANCEL, LOCK_SIZE = 1004, 1013, 1015, 103, 1076
+WARNINGS = 1019
 
 FILES = [{"path": f"D:\\maps\\{name}", "missing": True} for name in ("oak.jpg", "客厅 wall.png")]
+REPORT = {
+    "name": "D:\\work\\report.max", "version": "2019", "renderer_full_name": "Missing_Renderer",
+    "is_region": "true", "image_width": "3840", "image_height": "2160", "start_frame": "10",
+    "image_format": "tif", "cameras": [{"name": "Living: wide"}, {"name": "客厅 相机"}, {"name": "50% view"}],
+    "corona_setting": {"pass_limit": "0", "time_limit": "0", "noise_level_limit": "0"},
+    "vray_setting": {"imagesampler_type": "3"}, "errors": {"error_code": [{"code": "107"}]},
+    "reference_file": [{"path": "D:\\maps\\wood 100%.png"}, {"path": "D:\\текстуры\\дуб.jpg"},
+                       {"path": "D:\\贴图\\石材.jpg"}],
+    "missing_file": [{"path": "D:\\maps\\oak.jpg"}, {"path": "D:\\贴图\\窗帘 凹凸.png"}],
+    "same_file": [{"path": "D:\\a\\leaf.png"}, {"path": "D:\\b\\leaf.png"}],
+}
 SCENES = {
     "vray": {
         "cameras": ["Camera 01", {"name": "Camera 客厅", "width": 4096, "height": 2048}, "Door"],
@@ -33,6 +45,10 @@ SCENES = {
                      "corona": {"pass_limit": "120", "time_limit": "3600000", "noise_level_limit": "4"}},
         "output": {"width": 3000, "height": 2000, "format": "tif"},
     },
+    # A report that sets off everything, as a parser of its own would write it.
+    "report": {"scripts": {"MaxRenderGlobalsParser.mse": {"does": "text", "text": json.dumps(REPORT)}}},
+    "refused": {"scripts": {"MaxRenderGlobalsParser.mse": {"does": "text", "text": json.dumps(
+        {**REPORT, "cameras": [{"name": "Camera 01"}, {"name": 5}]})}}},
     "empty": {"renderer": {"name": "V_Ray_Adv_4_10_03"},
               "output": {"width": 1920, "height": 1080, "format": "png"}},
 }
@@ -54,7 +70,7 @@ class Screens(run.Demo):
             for name, scene in SCENES.items():
                 host = self.start_host(name, scene)
                 try:
-                    {"vray": self.vray, "corona": self.corona, "empty": self.empty}[name](host)
+                    getattr(self, name)(host)
                 finally:
                     host.close()
 
@@ -96,10 +112,23 @@ class Screens(run.Demo):
         self.click_row(control(dialog, run.CAMERAS)["rows"][1], "--repeat", "2", "--delay", "60")
         self.picture_of("options-corona", WIDTH)
 
+    def report(self, _host):
+        dialog = self.picture_of("main-report", run.CAMERAS)
+        self.desktop.click_middle(control(dialog, WARNINGS)["rect"])
+        subprocess.run(["xdotool", "key", "End"], check=True, timeout=10)
+        self.picture_of("main-report-end", run.CAMERAS)
+
+    def refused(self, _host):
+        self.box("report-refused", 2)
+
     def empty(self, _host):
-        box = self.desktop.wait_for("question", lambda w: next(
-            (x for x in w if x["class"] == "#32770" and control(x, 6)), None), 30)
-        self.save("question-no-cameras", box["rect"])
+        self.box("question-no-cameras", 6)
+
+    def box(self, state, button):
+        """Saves the picture of the message box that has that button."""
+        box = self.desktop.wait_for(state, lambda w: next(
+            (x for x in w if x["class"] == "#32770" and control(x, button)), None), 30)
+        self.save(state, box["rect"])
 
     def click_row(self, row, *how):
         left, top, _, bottom = row["rect"]

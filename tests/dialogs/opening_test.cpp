@@ -190,6 +190,38 @@ INSTANTIATE_TEST_SUITE_P(Texts, UnreadableReport,
                                            R"(["cameras"])",
                                            R"({"is_region": "false", "cameras": 7})"));
 
+TEST_F(Opening, NamesWhatIsWrongWithAReportThatItRefuses) {
+    host_.setParser("text", R"({"is_region": "false", "cameras": [{"name": "a"}, {"name": 5}]})");
+    host_.start();
+    const std::vector<SeenMessageBox> boxes = openAndBeRefused();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_NE(boxes[0].text.find(L"\n\nThe analysis report cannot be used: \"cameras[1].name\" is "
+                                 L"missing or is not a text."),
+              std::wstring::npos)
+        << "the member is named";
+}
+
+// Errors, warnings, advice and problem files of one report, in the order of the list.
+TEST_F(Opening, ListsAllThatAReportTells) {
+    host_.setParser("text", R"({
+        "is_region": "true", "image_width": "1920", "image_height": "1080", "start_frame": "0",
+        "image_format": "tif", "cameras": [{"name": "a:b"}],
+        "corona_setting": {"pass_limit": "0", "time_limit": "0", "noise_level_limit": "0"},
+        "reference_file": [{"path": "D:\\100%.png"}], "missing_file": [{"path": "D:\\oak.jpg"}]})");
+    host_.start();
+    HWND window = host_.openDialog();
+    ASSERT_NE(window, nullptr);
+    const std::vector<std::wstring> lines = Lines(window, IDC_WARNINGS);
+    ASSERT_EQ(lines.size(), 11U);
+    EXPECT_EQ(lines[0].substr(0, 20), L"The progressive pass");
+    EXPECT_EQ(lines[1].substr(0, 16), L"Region rendering");
+    EXPECT_EQ(lines[2], L"The name of reference file have illegal characters.");
+    EXPECT_EQ(lines[3], L"The original camera name contain invalid characters!");
+    // Three lines of advice with their heading, then two blocks of files.
+    EXPECT_EQ(lines[8], L"D:\\100%.png");
+    EXPECT_EQ(lines[10], L"Missing: D:\\oak.jpg");
+}
+
 TEST_F(Opening, NamesTheCamerasThatShareAName) {
     host_.scene["cameras"].append("Door");
     host_.scene["cameras"].append("\xE7\xAA\x97"); // 窗

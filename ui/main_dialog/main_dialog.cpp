@@ -2,6 +2,7 @@
 
 #include "analysis/report_reader.h"
 #include "analysis/scene_analysis_run.h"
+#include "analysis/text/text_convert.h"
 #include "base/product.h"
 #include "config/client_info.h"
 #include "host/host.h"
@@ -209,9 +210,12 @@ bool MainDialog::readReport() {
         end(0);
         return false;
     }
+    if (result == kReportRefused) // its last message says what is wrong with it
+        return refuse(ResourceText(IDS_REPORT_UNREADABLE) + L"\n\n" +
+                      Utf8ToWide(data_.analysis.messages.back().text));
     // A report that is no JSON reads as one without cameras; a table left empty would explain
     // nothing.
-    if (result == kReportRefused || data_.analysis.cameras.empty())
+    if (data_.analysis.cameras.empty())
         return refuse(ResourceText(IDS_REPORT_UNREADABLE));
     return true;
 }

@@ -1,5 +1,6 @@
 // Reading a report: the scene as a whole.
 #include "analysis/report_json.h"
+#include "analysis/text/text_convert.h"
 #include "tests/unit/analysis/report_reader_fixture.h"
 
 #include <gmock/gmock.h>
@@ -197,6 +198,37 @@ TEST_F(ReportReader, KeepsCharactersOfTheReportThatItRewrites) {
     ASSERT_TRUE(ParseReport(analysis_.reportText, rewritten));
     EXPECT_EQ(rewritten["other"], report_["other"]);
     EXPECT_EQ(rewritten["reference_file"], Json::Value(Json::arrayValue));
+}
+
+struct CutCase {
+    const char* references;
+    const char* kept;
+};
+
+TEST_F(ReportReader, CutsIllegalReferencesOutOfTheTextAsItStands) {
+    const CutCase cases[] = {
+        {R"([{"path":"%"}])", R"([])"},
+        {R"([ {"path":"%"} , {"path":"?"} ])", R"([])"},
+        {R"([{"path":"%"},{"path":"a"}])", R"([{"path":"a"}])"},
+        {R"([{"path":"a"},{"path":"%"}])", R"([{"path":"a"}])"},
+        {"[ { \"path\" : \"a\" } ,\n {\"path\":\"%\"},\t{\"path\":\"b\"}]",
+         "[{ \"path\" : \"a\" },{\"path\":\"b\"}]"},
+        {R"([{"path":"a","x":[{"path":"%"},"],[}"]},{"path":"%","x":[{}]},{"path":"b"}])",
+         R"([{"path":"a","x":[{"path":"%"},"],[}"]},{"path":"b"}])"},
+        {"[ {\"path\":\"a\",\"x\":\"\xF0\x9F\x8E\xA5\xE5\xAE\xA2\xC3\xA4\"}, {\"path\":\"%\"}]",
+         "[{\"path\":\"a\",\"x\":\"\xF0\x9F\x8E\xA5\xE5\xAE\xA2\xC3\xA4\"}]"},
+        {R"([{"path":"\u0025"},{"path":"\u0061"}])", R"([{"path":"\u0061"}])"},
+        {"[{\"path\":\"%\"}, // gone\n {\"path\":\"a\"} /* gone */]", R"([{"path":"a"}])"},
+    };
+    const std::string front =
+        "{ // \xF0\x9F\x8E\xA5 \xE5\xAE\xA2\n \"is_region\":\"\",\"reference_file\" : ";
+    const std::string back = " ,\n\t\"last\": \"\xE5\xAE\xA2\xF0\x9F\x8E\xA5\"} // end";
+    for (const CutCase& cut : cases) {
+        SceneAnalysis analysis;
+        analysis.reportText = Utf8ToWide(front + cut.references + back);
+        ReadAnalysisReport(analysis);
+        EXPECT_EQ(WideToUtf8(analysis.reportText), front + cut.kept + back);
+    }
 }
 
 TEST_F(ReportReader, WarnsOnceOfCyrillicAndTakesTheEntryOut) {

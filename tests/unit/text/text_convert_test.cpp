@@ -71,6 +71,40 @@ TEST(WideToUtf8, ReplacesALoneSurrogateAndSaysSo) {
                                               "b");
 }
 
+TEST(Utf8SizeAt, AddsUpToTheSizeOfTheConversion) {
+    const wchar_t units[] = {L'a',   0x7F,   0x80,   0x7FF,  0x800,  0x4E2D, 0xD7FF,
+                             0xD800, 0xDBFF, 0xDC00, 0xDFFF, 0xE000, 0xFFFF};
+    for (const wchar_t first : units) {
+        for (const wchar_t second : units) {
+            for (const wchar_t third : units) {
+                const std::wstring text = {first, second, third};
+                std::size_t size = 0;
+                for (std::size_t i = 0; i < text.size(); ++i)
+                    size += Utf8SizeAt(text, i);
+                ASSERT_EQ(size, WideToUtf8(text).size()) << first << " " << second << " " << third;
+            }
+        }
+    }
+}
+
+// Texts are measured a piece at a time, and short ones are converted without being measured.
+TEST(WideToUtf8, KeepsTextsOfEveryLength) {
+    const wchar_t parts[] = {L'a', 0x00E4, 0x4E2D, 0xD83C, 0xDFA5};
+    std::wstring text;
+    for (std::size_t length = 0; length < 10000; ++length) {
+        if (length < 300 || length % 611 == 0 || length % 4096 < 5) {
+            bool exact = false;
+            const std::string utf8 = WideToUtf8(text);
+            ASSERT_EQ(Utf8ToWide(utf8), text) << length;
+            WideToUtf8(text, &exact);
+            ASSERT_TRUE(exact) << length;
+        }
+        text += parts[length % 5 < 3 ? length % 5 : 0];
+        if (length % 5 == 4)
+            text += {parts[3], parts[4]};
+    }
+}
+
 TEST(Utf8ToWide, ReplacesIllFormedBytesAndSaysSo) {
     const char* const illFormed[] = {
         "\x80",             // continuation without a start
