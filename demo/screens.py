@@ -22,9 +22,9 @@ WARNINGS = 1019
 
 FILES = [{"path": f"D:\\maps\\{name}", "missing": True} for name in ("oak.jpg", "客厅 wall.png")]
 REPORT = {
-    "name": "D:\\work\\report.max", "version": "2019", "renderer_full_name": "Missing_Renderer",
+    "name": "D:\\scenes\\report.max", "version": "2019", "renderer_full_name": "Missing_Renderer",
     "is_region": "true", "image_width": "3840", "image_height": "2160", "start_frame": "10",
-    "image_format": "tif", "cameras": [{"name": "Living: wide"}, {"name": "客厅 相机"}, {"name": "50% view"}],
+    "image_format": "tif", "gamma_out": "2.2", "cameras": [{"name": "Living: wide"}, {"name": "客厅 相机"}, {"name": "50% view"}],
     "corona_setting": {"pass_limit": "0", "time_limit": "0", "noise_level_limit": "0"},
     "vray_setting": {"imagesampler_type": "3"}, "errors": {"error_code": [{"code": "107"}]},
     "reference_file": [{"path": "D:\\maps\\wood 100%.png"}, {"path": "D:\\текстуры\\дуб.jpg"},
@@ -115,11 +115,12 @@ class Screens(run.Demo):
     def report(self, _host):
         dialog = self.picture_of("main-report", run.CAMERAS)
         self.desktop.click_middle(control(dialog, WARNINGS)["rect"])
-        subprocess.run(["xdotool", "key", "End"], check=True, timeout=10)
-        self.picture_of("main-report-end", run.CAMERAS)
+        for state, keys in (("advice", ["Next"] * 2), ("end", ["End"])):
+            subprocess.run(["xdotool", "key", *keys], check=True, timeout=10)
+            self.picture_of(f"main-report-{state}", run.CAMERAS)
 
     def refused(self, _host):
-        self.box("report-refused", 2)
+        self.box("report-refused", 1)
 
     def empty(self, _host):
         self.box("question-no-cameras", 6)
@@ -127,7 +128,8 @@ class Screens(run.Demo):
     def box(self, state, button):
         """Saves the picture of the message box that has that button."""
         box = self.desktop.wait_for(state, lambda w: next(
-            (x for x in w if x["class"] == "#32770" and control(x, button)), None), 30)
+            (x for x in w if x["class"] == "#32770" and control(x, button) and not control(x, run.CAMERAS)),
+            None), 30)
         self.save(state, box["rect"])
 
     def click_row(self, row, *how):

@@ -203,7 +203,7 @@ TEST_F(Opening, NamesWhatIsWrongWithAReportThatItRefuses) {
 
 // Errors, warnings, advice and problem files of one report, in the order of the list.
 TEST_F(Opening, ListsAllThatAReportTells) {
-    host_.setParser("text", R"({
+    host_.setParser("text", R"({"name": "D:/room.max",
         "is_region": "true", "image_width": "1920", "image_height": "1080", "start_frame": "0",
         "image_format": "tif", "cameras": [{"name": "a:b"}],
         "corona_setting": {"pass_limit": "0", "time_limit": "0", "noise_level_limit": "0"},
