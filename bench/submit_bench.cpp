@@ -1,0 +1,233 @@
+// How long a submission takes against the archiver alone, and writing a large job file against what
+// JsonCpp alone needs for the same text.
+#include "analysis/text/text_convert.h"
+#include "bench/fastest_reporter.h"
+#include "bench/figures.h"
+#include "bench/report_text.h"
+#include "client/winsock_session.h"
+#include "config/plugin_data.h"
+#include "resources/controls.h"
+#include "resources/text.h"
+#include "submit/job_description.h"
+#include "submit/scene_archive.h"
+#include "submit/submit_job.h"
+#include "tests/support/files.h"
+#include "tests/support/product_folder.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/unit/submit/archiver.h"
+#include "tests/unit/submit/reply_server.h"
+#include "tests/unit/submit/test_dialog.h"
+#include "tests/unit/support_host/fake_host.h"
+
+#include <benchmark/benchmark.h>
+#include <json/reader.h>
+#include <json/writer.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <memory>
+#include <random>
+#include <stdexcept>
+
+namespace orv {
+namespace bench {
+namespace {
+
+constexpr char kArchiver[] = "archiver_alone_200_mb";
+constexpr char kSubmission[] = "submission_200_mb";
+constexpr char kJsonAlone[] = "json_parse_and_render_alone";
+constexpr char kJobFile[] = "job_file_100000_references";
+
+constexpr std::size_t kSceneSize = 200U * 1000 * 1000;
+constexpr double kWait = 1.0; // seconds that a submission lets the archive settle
+constexpr int kSceneRepetitions = 3;
+constexpr int kJsonRepetitions = 12;
+
+using Clock = std::chrono::steady_clock;
+
+double SecondsSince(Clock::time_point start) {
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+// The shortest run: whatever else the machine does only makes one longer.
+class Shortest {
+public:
+    void add(double seconds) { seconds_ = isKnown() ? std::min(seconds_, seconds) : seconds; }
+    bool isKnown() const { return seconds_ > 0.0; }
+    double seconds() const { return seconds_; }
+
+private:
+    double seconds_ = 0.0;
+};
+
+// Bytes that compress to about a fifth, as a scene does: most of them are of records that come
+// again and again, the others are noise.
+std::string SceneBytes() {
+    std::mt19937 random(20190507U);
+    std::vector<std::string> records(4096, std::string(96, '\0'));
+    for (std::string& record : records)
+        std::generate(record.begin(), record.end(),
+                      [&random] { return static_cast<char>(random() & 0xFF); });
+    std::string bytes;
+    bytes.reserve(kSceneSize);
+    while (bytes.size() + 112 <= kSceneSize) {
+        bytes += records[random() % records.size()];
+        for (int i = 0; i < 4; ++i) {
+            const std::uint_fast32_t number = random();
+            for (int byte = 0; byte < 4; ++byte)
+                bytes += static_cast<char>((number >> (8 * byte)) & 0xFF);
+        }
+    }
+    return bytes.append(kSceneSize - bytes.size(), '\0');
+}
+
+// A large scene in a folder of its own, and everything that its submission needs.
+class LargeScene {
+public:
+    LargeScene() {
+        host_.sceneFilePath = folder_.file(L"room.max");
+        test::WriteFileBytes(host_.sceneFilePath, SceneBytes());
+        test::InstallArchiver();
+    }
+
+    // The archiver with the command of a submission, and nothing around it.
+    double packAlone() {
+        JobPaths paths;
+        paths.sevenZipPath = product_.path(L"/7-Zip/7z.exe");
+        paths.compressDir = folder_.path();
+        if (!PackScene(WideToUtf8(host_.sceneFilePath), paths, SessionData()))
+            throw std::runtime_error("the scene cannot be packed");
+        const Clock::time_point start = Clock::now();
+        if (test::RunSevenZip(Utf8ToWide(paths.archiverArguments)) != 0)
+            throw std::runtime_error("the archiver failed");
+        const double seconds = SecondsSince(start);
+        test::DeleteTree(Utf8ToWide(paths.archivePath));
+        return seconds;
+    }
+
+    // From the worker's start to its end.
+    double submit() {
+        test::TestDialog dialog;
+        dialog.setText(IDC_SCENE_NAME, L"room");
+        dialog.setCameras({{L"Cam", true}});
+        SceneAnalysis& analysis = PluginData::instance().analysis;
+        analysis = SceneAnalysis();
+        analysis.reportText = L"{\"app_version\": \"2019\"}";
+        // A code that is no known one: no message waits for an answer.
+        test::ReplyServer client("{\"ret\":1}", std::chrono::minutes(20));
+        product_.writeSettings("port=" + std::to_string(client.port()) + "\r\n");
+        const Clock::time_point start = Clock::now();
+        const std::int32_t result = SubmitJob(dialog.handle(), L"", L"", L"0");
+        const double seconds = SecondsSince(start);
+        const std::wstring output = folder_.file(L"room_plugin_output");
+        if (result != kSubmitEnded || test::ListFolder(output + L"\\compress").size() != 1)
+            throw std::runtime_error("the submission failed");
+        test::DeleteTree(output);
+        return seconds;
+    }
+
+private:
+    test::TestProductFolder product_;
+    test::TemporaryFolder folder_{L"large scene"};
+    test::FakeHost host_;
+};
+
+template<class Function>
+void Register(const char* name, int repetitions, Function function) {
+    benchmark::RegisterBenchmark(name,
+                                 [function](benchmark::State& state) {
+                                     for (auto iteration : state) {
+                                         static_cast<void>(iteration);
+                                         function();
+                                     }
+                                 })
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Iterations(1)
+        ->Repetitions(repetitions);
+}
+
+void ParseAndRenderAlone(const std::string& json) {
+    Json::Value report;
+    if (!Json::Reader().parse(json.data(), json.data() + json.size(), report))
+        throw std::runtime_error("the report is not JSON");
+    benchmark::DoNotOptimize(Json::StyledWriter().write(report));
+}
+
+// Writes the job file into a folder of its own.
+class LargeJob {
+public:
+    explicit LargeJob(const std::string& json) { analysis_.reportText = Utf8ToWide(json); }
+
+    void write() {
+        JobPaths paths;
+        paths.jsonDir = folder_.path();
+        std::string request;
+        if (!WriteJobDescription(analysis_, dialog_.handle(), paths, L"job", request))
+            throw std::runtime_error("the job file cannot be written");
+    }
+
+private:
+    test::TemporaryFolder folder_;
+    test::TestDialog dialog_;
+    SceneAnalysis analysis_;
+};
+
+int Run() {
+    const std::string json = MakeReport({100000, 20000, 1000, 0});
+    std::unique_ptr<LargeScene> scene; // made when a benchmark wants it: a filter may leave it out
+    const auto theScene = [&scene]() -> LargeScene& {
+        if (!scene)
+            scene = std::make_unique<LargeScene>();
+        return *scene;
+    };
+    LargeJob job(json);
+    Shortest alone;
+    Shortest whole;
+    Register(kArchiver, kSceneRepetitions, [&] { alone.add(theScene().packAlone()); });
+    Register(kSubmission, kSceneRepetitions, [&] { whole.add(theScene().submit()); });
+    Register(kJsonAlone, kJsonRepetitions, [&] { ParseAndRenderAlone(json); });
+    Register(kJobFile, kJsonRepetitions, [&] { job.write(); });
+    FastestReporter times;
+    benchmark::RunSpecifiedBenchmarks(&times);
+
+    Figures figures;
+    if (alone.isKnown() && whole.isKnown()) {
+        std::printf(
+            "times: archiver alone %.2f s, whole submission %.2f s, of which it waits %.0f s\n",
+            alone.seconds(), whole.seconds(), kWait);
+        figures.add("submission_less_its_wait/archiver_alone",
+                    (whole.seconds() - kWait) / alone.seconds(), 1.05);
+    }
+    if (times.has(kJobFile) && times.has(kJsonAlone))
+        figures.add("job_file_100000_references/json_parse_and_render_alone",
+                    times.fastest(kJobFile) / times.fastest(kJsonAlone), 1.5);
+    return figures.exitCode();
+}
+
+} // namespace
+} // namespace bench
+} // namespace orv
+
+int main(int argc, char** argv) {
+    // What is compared takes turns, so that none has the quiet part of the run to itself.
+    std::string interleaved = "--benchmark_enable_random_interleaving=true";
+    std::vector<char*> arguments(argv, argv + argc);
+    arguments.insert(arguments.begin() + 1, &interleaved[0]);
+    argc = static_cast<int>(arguments.size());
+    arguments.push_back(nullptr);
+    argv = arguments.data();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 2;
+    hInstance = ::GetModuleHandleW(nullptr); // the program carries the language resources
+    const orv::WinsockSession network;
+    try {
+        return orv::bench::Run();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "bench: %s\n", error.what());
+        return 2;
+    }
+}
