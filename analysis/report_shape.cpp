@@ -172,7 +172,7 @@ Fault FaultOfCameras(const Json::Value& report) {
         return {};
     std::size_t index = 0;
     for (const Json::Value& camera : cameras) {
-        const Fault fault = InEntry("cameras", index++, FaultOfMembers(camera, kCamera));
+        Fault fault = InEntry("cameras", index++, FaultOfMembers(camera, kCamera));
         if (fault.reason != nullptr)
             return fault;
     }
