@@ -109,10 +109,11 @@ const char* Expected(Shape shape) {
     return "";
 }
 
-// A member that is not as it must be. Without a reason there is no fault.
+// A member that is not as it must be. Without a reason, a null pointer, there is no fault.
+// Always made with {}: Visual C++ 2015 does not take values in braces where a member has a default.
 struct Fault {
     std::string member;
-    const char* reason = nullptr;
+    const char* reason;
 };
 
 // The fault of a part of the report, as one of the whole report. Only a fault costs the time to
@@ -134,7 +135,7 @@ Fault FaultOfMembers(const Json::Value& object, const MemberShape (&members)[cou
 // The fault of an entry, if any, as one of the whole report.
 Fault InEntry(const char* listName, std::size_t index, const Fault& fault) {
     return fault.reason == nullptr
-               ? Fault()
+               ? Fault{}
                : Within(std::string(listName) + "[" + std::to_string(index) + "]", fault);
 }
 
