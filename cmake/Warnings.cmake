@@ -3,7 +3,17 @@ add_library(orv_options INTERFACE)
 target_compile_definitions(orv_options INTERFACE
   UNICODE _UNICODE WINVER=0x0601 _WIN32_WINNT=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN STRICT)
 if(MSVC)
-  target_compile_options(orv_options INTERFACE /W4 /WX /utf-8 /EHa /GR)
+  # What the host demands of its plug-ins: run-time type information, exceptions that structured ones pass
+  # through, the run-time as a DLL (below). Off are the warnings that the SDK's own projects turn off; they
+  # come from its headers.
+  target_compile_options(orv_options INTERFACE
+    "$<$<COMPILE_LANGUAGE:C,CXX>:/W4;/utf-8;/EHa;/GR;/MP;/wd4018;/wd4244;/wd4456;/wd4457;/wd4458;/wd4459;/wd4589;/wd4702;/wd4819>")
+  target_compile_definitions(orv_options INTERFACE
+    _CRT_SECURE_NO_DEPRECATE _CRT_NONSTDC_NO_DEPRECATE _SCL_SECURE_NO_DEPRECATE)
+  option(ORV_WARNINGS_AS_ERRORS "Warnings of Visual C++ end the build" OFF)
+  if(ORV_WARNINGS_AS_ERRORS)
+    target_compile_options(orv_options INTERFACE $<$<COMPILE_LANGUAGE:C,CXX>:/WX>)
+  endif()
 else()
   target_compile_options(orv_options INTERFACE
     "$<$<COMPILE_LANGUAGE:C,CXX>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wconversion;-Werror;-fno-strict-aliasing>")

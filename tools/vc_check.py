@@ -58,6 +58,23 @@ def headers_without_builtins(folder):
     os.symlink(GDIPLUS / "gdiplus", folder / "gdiplus")
 
 
+def resource_faults(work):
+    """What Microsoft's resource compiler would not take, as far as LLVM's speaks its language."""
+    for name in ("resources/orv_rendering.rc", "plugin/version.rc"):
+        text = work / (name.replace("/", "-") + ".i")
+        # The names of window classes have two forms, of which a resource script takes either.
+        command = ["-x", "c", "-E", "--target=x86_64-pc-windows-msvc", "-DRC_INVOKED", "-DUNICODE", "-D_UNICODE",
+                   "-DWINE_UNICODE_NATIVE", "-DWINELIB_NAME_AW(x)=x##A", f"-I{ROOT}", "-isystem", str(WINE / "windows"),
+                   "-isystem", str(WINE / "msvcrt"), name, "-o", str(text)]
+        reading = run(command)
+        if reading.returncode == 0:
+            reading = subprocess.run(["llvm-rc", "-no-preprocess", "/C", "65001", "/I", str(ROOT), "/FO",
+                                      str(work / "resources.res"), str(text)], cwd=ROOT, capture_output=True, text=True,
+                                     check=False)
+        if reading.returncode != 0:
+            yield f"== {name}\n{reading.stdout}{reading.stderr}"
+
+
 def run(arguments):
     return subprocess.run([COMPILER, *arguments], cwd=ROOT, capture_output=True, text=True, check=False)
 
@@ -71,6 +88,11 @@ def main():
     flags = FLAGS + [f"-I{ROOT}"] + [part for folder in folders for part in ("-isystem", str(folder))]
 
     common = ROOT / "tools/vc/common.h"
+    in_resources = [*resource_faults(work)]
+    if in_resources:
+        print("\n".join(in_resources))
+        return 1
+
     prepared = {}
     for standard in ("c++14", "c++11"):
         prepared[standard] = work / f"common-{standard}.pch"
