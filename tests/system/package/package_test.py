@@ -141,6 +141,16 @@ def check_sums(installer):
 class InstalledDemo(demo_run.Demo):
     """The demo's course of events with what the installer left."""
 
+    def __init__(self, installer):
+        super().__init__()
+        self.installer = installer
+
+    def open_menu(self, host, title):
+        # The host runs and has the plug-in loaded: nothing may be exchanged below it.
+        need(wine(self.installer, "/S") == IN_USE, "a plug-in in use was not noticed")
+        need((BUNDLE / "Contents/OrvRendering.gup").is_file(), "the plug-in in use was removed")
+        super().open_menu(host, title)
+
     @staticmethod
     def install_product(port):
         # What the farm's client does: it writes its port.
@@ -154,13 +164,13 @@ class InstalledDemo(demo_run.Demo):
         return BUNDLE / "Contents"
 
 
-def submit_a_scene():
+def submit_a_scene(installer):
     demo_run.BIN, demo_run.DEPENDENCIES = BIN, ROOT / "build/deps"
     demo_run.OUTPUT = WORK / "demo"
     demo_run.REQUEST = demo_run.OUTPUT / "request.http"
     shutil.rmtree(demo_run.OUTPUT, ignore_errors=True)
     demo_run.OUTPUT.mkdir()
-    demo = InstalledDemo()
+    demo = InstalledDemo(installer)
     try:
         demo.run()
     finally:
@@ -206,7 +216,7 @@ def test():
     check_installed(VERSION, scripts)
 
     print("-- a scene is submitted from the installed bundle", flush=True)
-    submit_a_scene()
+    submit_a_scene(current)
     log = (PRODUCT / f"log{OLDER}/rud_http.log").read_text(errors="replace")
     need("Submit successfully." in log, "the log does not tell of the submission")
 
