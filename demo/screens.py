@@ -14,7 +14,7 @@ from desktop import Desktop, control, window_with
 from stage import Progress, StageFailed, Talker, windows_path, wine
 
 OUTPUT = run.ROOT / "build/screens"
-WORK = run.ROOT / "build/work/screens"
+WORK = run.ROOT / "build/var/screens"
 
 # Controls by number.
 ANALYSE_AGAIN, EDIT_CAMERAS, WIDTH, OPTIONS_CANCEL, LOCK_SIZE = 1004, 1013, 1015, 103, 1076

@@ -16,8 +16,23 @@ struct Task {
     bool done;
 };
 
-DWORD hostThread = 0; // known from the first opening on
-HWND volatile doorWindow = nullptr;
+// Written by the host's thread, read by every thread: only through the functions below.
+LONG volatile hostThread = 0; // known from the first opening on
+void* volatile doorWindow = nullptr;
+
+// A comparison that never exchanges is an atomic reading.
+HWND DoorWindow() {
+    return static_cast<HWND>(InterlockedCompareExchangePointer(&doorWindow, nullptr, nullptr));
+}
+
+void SetDoorWindow(HWND window) {
+    InterlockedExchangePointer(&doorWindow, window);
+}
+
+bool OnHostThread() {
+    return GetCurrentThreadId() ==
+           static_cast<DWORD>(InterlockedCompareExchange(&hostThread, 0, 0));
+}
 
 HINSTANCE OwnModule() {
     HMODULE module = nullptr;
@@ -32,7 +47,7 @@ LRESULT CALLBACK DoorProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     if (message != kRunTask)
         return DefWindowProcW(window, message, wParam, lParam);
     Task* task = reinterpret_cast<Task*>(lParam);
-    if (doorWindow == window) {
+    if (DoorWindow() == window) {
         task->work(task->context);
         task->done = true;
     }
@@ -53,17 +68,17 @@ HWND CreateDoorWindow() {
 } // namespace
 
 void orv_host_open(void) {
-    if (doorWindow)
+    if (DoorWindow())
         return;
-    hostThread = GetCurrentThreadId();
-    doorWindow = CreateDoorWindow();
+    InterlockedExchange(&hostThread, static_cast<LONG>(GetCurrentThreadId()));
+    SetDoorWindow(CreateDoorWindow());
 }
 
 void orv_host_close(void) {
-    HWND window = doorWindow;
-    if (!window || GetCurrentThreadId() != hostThread)
+    HWND window = DoorWindow();
+    if (!window || !OnHostThread())
         return;
-    doorWindow = nullptr;
+    SetDoorWindow(nullptr);
     // Threads that are waiting already get their refusal before the window goes.
     MSG message;
     PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
@@ -72,11 +87,11 @@ void orv_host_close(void) {
 }
 
 bool RunOnHostThread(void (*work)(void* context), void* context) {
-    if (GetCurrentThreadId() == hostThread) {
+    if (OnHostThread()) {
         work(context);
         return true;
     }
-    HWND window = doorWindow;
+    HWND window = DoorWindow();
     Task task = {work, context, false};
     if (window)
         SendMessageW(window, kRunTask, 0, reinterpret_cast<LPARAM>(&task));

@@ -3,7 +3,7 @@
 # is ended again.
 
 build_dir=$root/build
-work_dir=$build_dir/work
+work_dir=$build_dir/var
 export PYTHONDONTWRITEBYTECODE=1
 # File names and texts are UTF-8 wherever this runs; Wine, too, takes its file names from it.
 export LC_ALL=C.UTF-8

@@ -55,6 +55,21 @@ TEST_F(Submitting, RunsOneSubmissionHoweverOftenSubmitIsPressed) {
     EXPECT_EQ(FindDialogWith(IDC_PROGRESS_BAR), nullptr);
 }
 
+// The progress window was in front, and hides for the message.
+TEST_F(Submitting, LeavesTheKeyboardToItsMessage) {
+    for (int time = 0; time < 3; ++time) {
+        Press(window_, IDC_SUBMIT);
+        ASSERT_TRUE(waitForMessage());
+        EXPECT_TRUE(WaitUntil([] { return ::GetForegroundWindow() == FindDialogWith(0xFFFF); }));
+        ::keybd_event(VK_RETURN, 0, 0, 0);
+        ::keybd_event(VK_RETURN, 0, KEYEVENTF_KEYUP, 0);
+        ASSERT_TRUE(WaitUntil([this] {
+            return FindDialogWith(0xFFFF) == nullptr && ::IsWindowEnabled(window_) != FALSE;
+        }));
+        Type(window_, IDC_SCENE_NAME, L"again " + std::to_wstring(time));
+    }
+}
+
 TEST_F(Submitting, IsAllowedAgainAfterItFailed) {
     MessageBoxWatcher watcher(L"Orv Rendering");
     for (std::size_t time = 1; time <= 3; ++time) {

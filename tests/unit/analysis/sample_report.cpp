@@ -40,7 +40,7 @@ Json::Value ParseJson(const std::string& text) {
 
 Json::Value SampleReport() {
     return ParseJson(R"({
-        "name": "D:/work/room.max",
+        "name": "D:/scenes/room.max",
         "version": "2019",
         "app_version": "21000",
         "renderer_full_name": "V-Ray",

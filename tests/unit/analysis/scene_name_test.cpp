@@ -19,10 +19,10 @@ const char kNoJson[] = "WARN Parse failed in initing scene name!";
 
 TEST(InitSceneName, TakesTheNameBehindTheLastSeparator) {
     const NameCase cases[] = {
-        {L"{\"name\":\"D:/work/a.max\"}", "a.max", "D:/work/a.max", {}},
-        {L"{\"name\":\"D:\\\\work\\\\a.max\"}", "a.max", "D:\\work\\a.max", {}},
-        {L"{\"name\":\"D:/work\\\\a.max\"}", "work\\a.max", "D:/work\\a.max", {}},
-        {L"{\"name\":\"D:/work/\"}", "", "D:/work/", {}},
+        {L"{\"name\":\"D:/scenes/a.max\"}", "a.max", "D:/scenes/a.max", {}},
+        {L"{\"name\":\"D:\\\\scenes\\\\a.max\"}", "a.max", "D:\\scenes\\a.max", {}},
+        {L"{\"name\":\"D:/scenes\\\\a.max\"}", "scenes\\a.max", "D:/scenes\\a.max", {}},
+        {L"{\"name\":\"D:/scenes/\"}", "", "D:/scenes/", {}},
         {L"{\"name\":\"a.max\"}", "", "", {kEmpty}},
         {L"{\"name\":\"\"}", "", "", {kEmpty}},
         {L"{\"name\":null}", "", "", {kEmpty}},

@@ -49,15 +49,15 @@ void SetReport(Given& given, const char* json) {
 // A camera, and nothing switched on.
 void Plain(Given& given) {
     SetReport(given, u8R"({
-        "name": "D:\\work\\room.max", "version": "2019", "app_version": "2019",
+        "name": "D:\\scenes\\room.max", "version": "2019", "app_version": "2019",
         "renderer_full_name": "V_Ray_Adv_4_10_03", "start_frame": "12", "end_frame": "20",
         "image_width": "1920", "image_height": "1080", "image_format": "png", "gamma_out": "2.2",
         "is_region": "false", "errors": {"error_code": []}, "missing_file": [], "same_file": [],
         "cameras": [{"name": "Wide"}], "reference_file": []})");
-    given.analysis.sceneFilePath = "D:\\work\\room.max";
+    given.analysis.sceneFilePath = "D:\\scenes\\room.max";
     given.analysis.cameras[L"Wide"] = Camera(L"Wide");
-    given.paths.scenePath = "D:\\work\\shot.max";
-    given.paths.archivePath = "D:\\work\\shot_plugin_output/compress/shot_aZ09bq.7z";
+    given.paths.scenePath = "D:\\scenes\\shot.max";
+    given.paths.archivePath = "D:\\scenes\\shot_plugin_output/compress/shot_aZ09bq.7z";
     given.paths.giScaleText = "100%";
 }
 
@@ -101,14 +101,14 @@ const Submission kSubmissions[] = {
      [](Given& given) {
          SetReport(given, u8R"({"app_version": "2019", "reference_file": [
              {"path": "D:\\maps\\oak.jpg", "size": 5, "kind": {"is": "bitmap"}},
-             {"path": "D:\\work\\room.max", "kind": "scene"},
-             {"path": "D:/work/room.max"}, {"path": "d:\\work\\room.max"},
-             {"path": "D:\\work\\room.max2"}, {"path": "D:\\贴图\\木 纹.png"}]})");
+             {"path": "D:\\scenes\\room.max", "kind": "scene"},
+             {"path": "D:/scenes/room.max"}, {"path": "d:\\scenes\\room.max"},
+             {"path": "D:\\scenes\\room.max2"}, {"path": "D:\\贴图\\木 纹.png"}]})");
      }},
     {"references_none_left",
      [](Given& given) {
          SetReport(given, R"({"app_version": "2019", "reference_file": [
-             {"path": "D:\\work\\room.max"}, {"path": "D:\\work\\room.max"}]})");
+             {"path": "D:\\scenes\\room.max"}, {"path": "D:\\scenes\\room.max"}]})");
      }},
     {"blocks_three", [](Given& given) { given.analysis.blockMode = 10; }},
     {"blocks_six", [](Given& given) { given.analysis.blockMode = 64; }},

@@ -22,10 +22,10 @@ namespace {
 constexpr wchar_t kJobName[] = L"0F8FAD5B-D9CB-469F-A165-70867728950E";
 
 const char kReport[] = R"({
-    "name": "D:/work/room.max", "app_version": 21000, "start_frame": "5", "end_frame": "7",
+    "name": "D:/scenes/room.max", "app_version": 21000, "start_frame": "5", "end_frame": "7",
     "errors": {"error_code": []},
     "cameras": [{"name": "from the report"}],
-    "reference_file": [{"path": "D:/a.png", "size": 5}, {"path": "D:/work/room.max"}],
+    "reference_file": [{"path": "D:/a.png", "size": 5}, {"path": "D:/scenes/room.max"}],
     "zoo": {"nested": [1, 2.5, null, true]}, "Upper": "first"
 })";
 
@@ -68,7 +68,7 @@ const char kGolden[] = R"({
       "mtl_channel" : true,
       "psd_channel" : "1"
    },
-   "name" : "D:\\work\\shot.max",
+   "name" : "D:\\scenes\\shot.max",
    "num_blocks" : 4,
    "reference_file" : [
       {
@@ -99,12 +99,12 @@ class JobDescription : public ::testing::Test {
 protected:
     JobDescription() {
         analysis_.reportText = Utf8ToWide(kReport);
-        analysis_.sceneFilePath = "D:/work/room.max";
+        analysis_.sceneFilePath = "D:/scenes/room.max";
         analysis_.cameras[L"a:b"] = camera(L"ab", true);
         analysis_.cameras[L"c"] = camera(L"c", false);
         paths_.jsonDir = folder_.path() + L"/json";
-        paths_.scenePath = "D:\\work\\shot.max";
-        paths_.archivePath = "D:\\work/compress/shot_abcdef.7z";
+        paths_.scenePath = "D:\\scenes\\shot.max";
+        paths_.archivePath = "D:\\scenes/compress/shot_abcdef.7z";
         paths_.giScaleText = "100%";
     }
 
@@ -193,17 +193,17 @@ TEST_F(JobDescription, ListsCheckedCamerasByTheirNames) {
 }
 
 TEST_F(JobDescription, OmitsReferencesWhenNoneIsLeft) {
-    for (const wchar_t* report :
-         {L"{\"reference_file\": [{\"path\": \"D:/work/room.max\"}]}", L"{\"reference_file\": []}",
-          L"{}", L"{\"reference_file\": null}", L"{\"reference_file\": 5}"}) {
+    for (const wchar_t* report : {L"{\"reference_file\": [{\"path\": \"D:/scenes/room.max\"}]}",
+                                  L"{\"reference_file\": []}", L"{}", L"{\"reference_file\": null}",
+                                  L"{\"reference_file\": 5}"}) {
         analysis_.reportText = report;
         EXPECT_FALSE(job().isMember("reference_file"));
     }
 }
 
 TEST_F(JobDescription, ComparesReferencesByteForByte) {
-    analysis_.reportText = L"{\"reference_file\": [{\"path\": \"d:/work/room.max\"}, {\"path\": "
-                           L"\"D:/work/room.max2\"}]}";
+    analysis_.reportText = L"{\"reference_file\": [{\"path\": \"d:/scenes/room.max\"}, {\"path\": "
+                           L"\"D:/scenes/room.max2\"}]}";
     EXPECT_EQ(job()["reference_file"].size(), 2U);
 }
 
@@ -262,12 +262,12 @@ TEST_F(JobDescription, LeavesItsPathAndTheRequest) {
     const std::string jobFileJson = Json::valueToQuotedString(WideToUtf8(jobFile()).c_str());
     EXPECT_EQ(request_, "{\n"
                         "   \"PLUGIN_SAVE_SCENE_FILE\" : 1,\n"
-                        "   \"compressPath\" : \"D:\\\\work/compress/shot_abcdef.7z\",\n"
+                        "   \"compressPath\" : \"D:\\\\scenes/compress/shot_abcdef.7z\",\n"
                         "   \"filePath\" : " +
                             jobFileJson +
                             ",\n"
                             "   \"maxVersion\" : \"3ds Max 21000\",\n"
-                            "   \"scenePath\" : \"D:\\\\work\\\\shot.max\"\n"
+                            "   \"scenePath\" : \"D:\\\\scenes\\\\shot.max\"\n"
                             "}\n");
     EXPECT_NE(product_.log(L"rud_data")
                   .find("[INFO] Write json file at: " + WideToUtf8(jobFile()) + " successfully."),

@@ -17,7 +17,7 @@ using ::testing::IsEmpty;
 
 class SceneSave : public ::testing::Test {
 protected:
-    SceneSave() { host_.sceneFilePath = L"D:\\work\\room.max"; }
+    SceneSave() { host_.sceneFilePath = L"D:\\scenes\\room.max"; }
 
     std::string save(const std::string& fileName) {
         return SaveSceneAs(analysis_, dialog_.control(IDC_SCENE_NAME), fileName);
@@ -30,30 +30,30 @@ protected:
 };
 
 TEST_F(SceneSave, SavesBesideTheOpenSceneUnderTheTypedName) {
-    EXPECT_EQ(save("shot.max"), "D:\\work\\shot.max");
-    EXPECT_THAT(host_.savedPaths(), ElementsAre(L"D:\\work\\shot.max"));
+    EXPECT_EQ(save("shot.max"), "D:\\scenes\\shot.max");
+    EXPECT_THAT(host_.savedPaths(), ElementsAre(L"D:\\scenes\\shot.max"));
     EXPECT_EQ(analysis_.recordedSceneName, "shot.max");
-    EXPECT_EQ(analysis_.sceneFilePath, "D:\\work\\room.max")
+    EXPECT_EQ(analysis_.sceneFilePath, "D:\\scenes\\room.max")
         << "the scene as it was before its first save";
 }
 
 TEST_F(SceneSave, TakesAChineseName) {
-    EXPECT_EQ(save("\xE5\x9C\xBA\xE6\x99\xAF.max"), "D:\\work\\\xE5\x9C\xBA\xE6\x99\xAF.max");
-    EXPECT_THAT(host_.savedPaths(), ElementsAre(L"D:\\work\\\x573A\x666F.max"));
+    EXPECT_EQ(save("\xE5\x9C\xBA\xE6\x99\xAF.max"), "D:\\scenes\\\xE5\x9C\xBA\xE6\x99\xAF.max");
+    EXPECT_THAT(host_.savedPaths(), ElementsAre(L"D:\\scenes\\\x573A\x666F.max"));
 }
 
 TEST_F(SceneSave, SavesNothingUnderTheRecordedName) {
-    ASSERT_EQ(save("shot.max"), "D:\\work\\shot.max");
-    EXPECT_EQ(save("shot.max"), "D:\\work\\shot.max");
+    ASSERT_EQ(save("shot.max"), "D:\\scenes\\shot.max");
+    EXPECT_EQ(save("shot.max"), "D:\\scenes\\shot.max");
     EXPECT_EQ(host_.savedPaths().size(), 1U);
-    EXPECT_EQ(save("Shot.max"), "D:\\work\\Shot.max") << "names are compared byte for byte";
+    EXPECT_EQ(save("Shot.max"), "D:\\scenes\\Shot.max") << "names are compared byte for byte";
     EXPECT_EQ(host_.savedPaths().size(), 2U);
-    EXPECT_EQ(analysis_.sceneFilePath, "D:\\work\\room.max")
+    EXPECT_EQ(analysis_.sceneFilePath, "D:\\scenes\\room.max")
         << "recorded before the first save only";
 }
 
 TEST_F(SceneSave, KeepsTheScenesNameWhenNoneIsTyped) {
-    EXPECT_EQ(save(""), "D:\\work\\room.max");
+    EXPECT_EQ(save(""), "D:\\scenes\\room.max");
     EXPECT_THAT(host_.savedPaths(), IsEmpty());
     EXPECT_EQ(dialog_.text(IDC_SCENE_NAME), L"room");
 }
@@ -69,10 +69,10 @@ TEST_F(SceneSave, SavesAgainAfterTheHostRefused) {
     host_.onSaveTo = [](const std::wstring&) { return false; };
     EXPECT_EQ(save("shot.max"), "");
     EXPECT_EQ(analysis_.recordedSceneName, "");
-    EXPECT_NE(product_.log(L"rud_data").find("[ERROR] Save scene to D:\\work\\shot.max failed."),
+    EXPECT_NE(product_.log(L"rud_data").find("[ERROR] Save scene to D:\\scenes\\shot.max failed."),
               std::string::npos);
     host_.onSaveTo = nullptr;
-    EXPECT_EQ(save("shot.max"), "D:\\work\\shot.max");
+    EXPECT_EQ(save("shot.max"), "D:\\scenes\\shot.max");
     EXPECT_EQ(host_.savedPaths().size(), 2U);
 }
 
@@ -98,8 +98,8 @@ TEST_F(SceneSave, RefusesANameThatIsNoPlainFiles) {
 }
 
 TEST_F(SceneSave, RefusesAPathThatWindowsCannotTake) {
-    const std::string longest(259 - std::string("D:\\work\\.max").size(), 'n');
-    EXPECT_EQ(save(longest + ".max"), "D:\\work\\" + longest + ".max");
+    const std::string longest(259 - std::string("D:\\scenes\\.max").size(), 'n');
+    EXPECT_EQ(save(longest + ".max"), "D:\\scenes\\" + longest + ".max");
     EXPECT_EQ(save(longest + "n.max"), "");
     EXPECT_EQ(host_.savedPaths().size(), 1U);
     EXPECT_NE(product_.log(L"rud_data").find("the path is too long"), std::string::npos);

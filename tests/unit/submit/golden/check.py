@@ -51,13 +51,13 @@ def paths(*names):
 # What must stand in the job file of each submission, member by member.
 EXPECTED = {
     "plain": {"cameras": [camera("Wide")], "reference_file": ABSENT, "errors": ABSENT, "corona_options": ABSENT,
-              "name": "D:\\work\\shot.max", "start_frame": "12", "end_frame": "20", **blocks(0, 0, 0), **options()},
+              "name": "D:\\scenes\\shot.max", "start_frame": "12", "end_frame": "20", **blocks(0, 0, 0), **options()},
     "no_camera": {"cameras": ABSENT},
     "cameras": {"cameras": [
         camera("Dome", is_spherical=True, camera_width=2147483647, frame_to_render=-2147483647, img_output_format=""),
         camera("Wide"), camera('b: "detail" \\1', img_output_name="b detail 1"), camera("客厅"), camera("🎥")]},
-    "references": {"reference_file": paths("D:\\maps\\oak.jpg", "D:/work/room.max", "d:\\work\\room.max",
-                                           "D:\\work\\room.max2", "D:\\贴图\\木 纹.png")},
+    "references": {"reference_file": paths("D:\\maps\\oak.jpg", "D:/scenes/room.max", "d:\\scenes\\room.max",
+                                           "D:\\scenes\\room.max2", "D:\\贴图\\木 纹.png")},
     "references_none_left": {"reference_file": ABSENT},
     "blocks_three": blocks(1, 10, 0),
     "blocks_six": blocks(1, 64, 0),
