@@ -4,6 +4,7 @@
 #include "bench/fastest_reporter.h"
 #include "bench/figures.h"
 #include "bench/report_text.h"
+#include "bench/scene_bytes.h"
 #include "client/winsock_session.h"
 #include "config/plugin_data.h"
 #include "resources/controls.h"
@@ -28,7 +29,6 @@
 #include <cstdio>
 #include <exception>
 #include <memory>
-#include <random>
 #include <stdexcept>
 
 namespace orv {
@@ -40,7 +40,6 @@ constexpr char kSubmission[] = "submission_200_mb";
 constexpr char kJsonAlone[] = "json_parse_and_render_alone";
 constexpr char kJobFile[] = "job_file_100000_references";
 
-constexpr std::size_t kSceneSize = 200U * 1000 * 1000;
 constexpr double kWait = 1.0; // seconds that a submission lets the archive settle
 constexpr int kSceneRepetitions = 3;
 constexpr int kJsonRepetitions = 12;
@@ -61,27 +60,6 @@ public:
 private:
     double seconds_ = 0.0;
 };
-
-// Bytes that compress to about a fifth, as a scene does: most of them are of records that come
-// again and again, the others are noise.
-std::string SceneBytes() {
-    std::mt19937 random(20190507U);
-    std::vector<std::string> records(4096, std::string(96, '\0'));
-    for (std::string& record : records)
-        std::generate(record.begin(), record.end(),
-                      [&random] { return static_cast<char>(random() & 0xFF); });
-    std::string bytes;
-    bytes.reserve(kSceneSize);
-    while (bytes.size() + 112 <= kSceneSize) {
-        bytes += records[random() % records.size()];
-        for (int i = 0; i < 4; ++i) {
-            const std::uint_fast32_t number = random();
-            for (int byte = 0; byte < 4; ++byte)
-                bytes += static_cast<char>((number >> (8 * byte)) & 0xFF);
-        }
-    }
-    return bytes.append(kSceneSize - bytes.size(), '\0');
-}
 
 // A large scene in a folder of its own, and everything that its submission needs.
 class LargeScene {

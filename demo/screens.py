@@ -3,6 +3,7 @@
 `./dev screens` starts it; the pictures go to build/screens/LANGUAGE-RESOLUTION-STATE.png."""
 
 import json
+import os
 import shutil
 import subprocess
 import sys
@@ -18,13 +19,14 @@ WORK = run.ROOT / "build/var/screens"
 
 # Controls by number.
 ANALYSE_AGAIN, EDIT_CAMERAS, WIDTH, OPTIONS_CANCEL, LOCK_SIZE = 1004, 1013, 1015, 103, 1076
-WARNINGS = 1019
+WARNINGS, PROGRESS_SIZE = 1019, 1214
 
 FILES = [{"path": f"D:\\maps\\{name}", "missing": True} for name in ("oak.jpg", "客厅 wall.png")]
 REPORT = {
     "name": "D:\\scenes\\report.max", "version": "2019", "renderer_full_name": "Missing_Renderer",
     "is_region": "true", "image_width": "3840", "image_height": "2160", "start_frame": "10",
-    "image_format": "tif", "gamma_out": "2.2", "cameras": [{"name": "Living: wide"}, {"name": "客厅 相机"}, {"name": "50% view"}],
+    "image_format": "tif", "gamma_out": "2.2",
+    "cameras": [{"name": "Living: wide"}, {"name": "客厅 相机"}, {"name": "50% view"}],
     "corona_setting": {"pass_limit": "0", "time_limit": "0", "noise_level_limit": "0"},
     "vray_setting": {"imagesampler_type": "3"}, "errors": {"error_code": [{"code": "107"}]},
     "reference_file": [{"path": "D:\\maps\\wood 100%.png"}, {"path": "D:\\текстуры\\дуб.jpg"},
@@ -51,7 +53,11 @@ SCENES = {
         {**REPORT, "cameras": [{"name": "Camera 01"}, {"name": 5}]})}}},
     "empty": {"renderer": {"name": "V_Ray_Adv_4_10_03"},
               "output": {"width": 1920, "height": 1080, "format": "png"}},
+    # A submission from its first complaint to the client that is not there.
+    "submission": {"cameras": ["Camera 01", "Door"], "renderer": {"name": "V_Ray_Adv_4_10_03"},
+                   "output": {"width": 1920, "height": 1080, "format": "png"}},
 }
+LARGE_SCENE = 80_000_000  # bytes that take the archiver some seconds
 
 
 class Screens(run.Demo):
@@ -77,7 +83,7 @@ class Screens(run.Demo):
     def start_host(self, name, description):
         run.install_product(1)
         scene = WORK / f"{name}.max"
-        scene.write_bytes(b"scene")
+        scene.write_bytes(os.urandom(LARGE_SCENE) if name == "submission" else b"scene")
         (WORK / f"{name}.max.json").write_text(json.dumps(description), "utf-8")
         host = Talker("host", self.desktop.command(
             "standin-host.exe", "--plugin-dir", windows_path(WORK / "plugins"), "--scene",
@@ -125,12 +131,32 @@ class Screens(run.Demo):
     def empty(self, _host):
         self.box("question-no-cameras", 6)
 
-    def box(self, state, button):
-        """Saves the picture of the message box that has that button."""
+    def submission(self, _host):
+        dialog = self.picture_of("main-submission", run.CAMERAS)
+        self.desktop.click_middle(control(dialog, run.SUBMIT)["rect"])
+        box = self.box("message-no-camera-ticked", run.OK)
+        self.desktop.click_middle(control(box, run.OK)["rect"])
+        self.desktop.wait_for("closed message", lambda w: not run.message_box(w), 20)
+        self.tick("Door")
+        self.desktop.click_middle(control(dialog, run.SUBMIT)["rect"])
+        packing = self.desktop.wait_for("progress window", self.packing, 30)
+        self.save("progress-packing", window_with(packing, run.PROGRESS_BAR)["rect"])
+        self.box("message-no-client", run.OK, 120)
+
+    def packing(self, windows):
+        """The windows, once the progress window shows how large the archive is."""
+        progress = window_with(windows, run.PROGRESS_BAR)
+        size = control(progress, PROGRESS_SIZE) if progress else None
+        return windows if size and size["text"] else None
+
+    def box(self, state, button, seconds=30):
+        """Saves the picture of the message box that has that button, and returns the box."""
         box = self.desktop.wait_for(state, lambda w: next(
             (x for x in w if x["class"] == "#32770" and control(x, button) and not control(x, run.CAMERAS)),
-            None), 30)
+            None), seconds)
+        time.sleep(0.5)  # until it is drawn
         self.save(state, box["rect"])
+        return box
 
     def click_row(self, row, *how):
         left, top, _, bottom = row["rect"]
