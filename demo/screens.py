@@ -35,6 +35,9 @@ REPORT = {
     "same_file": [{"path": "D:\\a\\leaf.png"}, {"path": "D:\\b\\leaf.png"}],
 }
 SCENES = {
+    # A submission from its first complaint to the client that is not there.
+    "submission": {"cameras": ["Camera 01", "Door"], "renderer": {"name": "V_Ray_Adv_4_10_03"},
+                   "output": {"width": 1920, "height": 1080, "format": "png"}},
     "vray": {
         "cameras": ["Camera 01", {"name": "Camera 客厅", "width": 4096, "height": 2048}, "Door"],
         "renderer": {"name": "V_Ray_Adv_4_10_03", "vray": {"imagesampler_type": 3}},
@@ -53,9 +56,6 @@ SCENES = {
         {**REPORT, "cameras": [{"name": "Camera 01"}, {"name": 5}]})}}},
     "empty": {"renderer": {"name": "V_Ray_Adv_4_10_03"},
               "output": {"width": 1920, "height": 1080, "format": "png"}},
-    # A submission from its first complaint to the client that is not there.
-    "submission": {"cameras": ["Camera 01", "Door"], "renderer": {"name": "V_Ray_Adv_4_10_03"},
-                   "output": {"width": 1920, "height": 1080, "format": "png"}},
 }
 LARGE_SCENE = 80_000_000  # bytes that take the archiver some seconds
 
@@ -141,7 +141,8 @@ class Screens(run.Demo):
         self.desktop.click_middle(control(dialog, run.SUBMIT)["rect"])
         packing = self.desktop.wait_for("progress window", self.packing, 30)
         self.save("progress-packing", window_with(packing, run.PROGRESS_BAR)["rect"])
-        self.box("message-no-client", run.OK, 120)
+        box = self.box("message-no-client", run.OK, 120)
+        self.desktop.click_middle(control(box, run.OK)["rect"])
 
     def packing(self, windows):
         """The windows, once the progress window shows how large the archive is."""
