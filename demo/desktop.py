@@ -30,9 +30,13 @@ class Desktop:
 
     def windows(self):
         """The visible top-level windows, as window_probe tells them."""
-        probe = subprocess.run(self.command("window_probe.exe"), cwd=self.bin, capture_output=True,
-                               timeout=20, check=False)
-        if probe.returncode != 0:
+        # A busy Wine now and then refuses to start a program: a probe has nothing to lose by another try.
+        for _ in range(3):
+            probe = subprocess.run(self.command("window_probe.exe"), cwd=self.bin, capture_output=True,
+                                   timeout=20, check=False)
+            if probe.returncode == 0:
+                break
+        else:
             raise StageFailed(f"window_probe ended with {probe.returncode}: "
                               f"{probe.stderr.decode(errors='replace').strip()}")
         return json.loads(probe.stdout.decode("utf-8"))

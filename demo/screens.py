@@ -18,7 +18,7 @@ OUTPUT = run.ROOT / "build/screens"
 WORK = run.ROOT / "build/var/screens"
 
 # Controls by number.
-ANALYSE_AGAIN, EDIT_CAMERAS, WIDTH, OPTIONS_CANCEL, LOCK_SIZE = 1004, 1013, 1015, 103, 1076
+CANCEL, ANALYSE_AGAIN, EDIT_CAMERAS, WIDTH, OPTIONS_CANCEL, LOCK_SIZE = 2, 1004, 1013, 1015, 103, 1076
 WARNINGS, PROGRESS_SIZE = 1019, 1214
 
 FILES = [{"path": f"D:\\maps\\{name}", "missing": True} for name in ("oak.jpg", "客厅 wall.png")]
@@ -134,10 +134,12 @@ class Screens(run.Demo):
     def submission(self, _host):
         dialog = self.picture_of("main-submission", run.CAMERAS)
         self.desktop.click_middle(control(dialog, run.SUBMIT)["rect"])
-        box = self.box("message-no-camera-ticked", run.OK)
-        self.desktop.click_middle(control(box, run.OK)["rect"])
+        box = self.box("message-no-camera-ticked", CANCEL)
+        self.desktop.click_middle(control(box, CANCEL)["rect"])
         self.desktop.wait_for("closed message", lambda w: not run.message_box(w), 20)
         self.tick("Door")
+        # The first attempt ends a moment after its message.
+        self.desktop.wait_for("free dialog", lambda w: not window_with(w, run.PROGRESS_BAR), 20)
         self.desktop.click_middle(control(dialog, run.SUBMIT)["rect"])
         packing = self.desktop.wait_for("progress window", self.packing, 30)
         self.save("progress-packing", window_with(packing, run.PROGRESS_BAR)["rect"])
