@@ -5,12 +5,12 @@
 #include "bench/fastest_reporter.h"
 #include "bench/figures.h"
 #include "bench/heap.h"
+#include "bench/program.h"
 #include "bench/report_text.h"
 #include "resources/text.h"
 #include "tests/support/product_folder.h"
 
 #include <cstdio>
-#include <exception>
 #include <json/reader.h>
 #include <stdexcept>
 #include <string>
@@ -154,21 +154,6 @@ int Run() {
 } // namespace orv
 
 int main(int argc, char** argv) {
-    // Of the benchmarks that are compared, none has the quiet part of the run to itself.
-    std::string interleaved = "--benchmark_enable_random_interleaving=true";
-    std::vector<char*> arguments(argv, argv + argc);
-    arguments.insert(arguments.begin() + 1, &interleaved[0]);
-    argc = static_cast<int>(arguments.size());
-    arguments.push_back(nullptr);
-    argv = arguments.data();
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 2;
     hInstance = ::GetModuleHandleW(nullptr); // the program carries the language resources
-    try {
-        return orv::bench::Run();
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "bench: %s\n", error.what());
-        return 2;
-    }
+    return orv::bench::RunProgram(argc, argv, orv::bench::Run);
 }

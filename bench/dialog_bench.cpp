@@ -3,6 +3,7 @@
 #include "base/noncopyable.h"
 #include "bench/fastest_reporter.h"
 #include "bench/figures.h"
+#include "bench/program.h"
 #include "bench/scene_bytes.h"
 #include "client/winsock_session.h"
 #include "config/plugin_data.h"
@@ -25,7 +26,6 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
-#include <exception>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -229,23 +229,8 @@ int Run() {
 } // namespace orv
 
 int main(int argc, char** argv) {
-    // What is compared takes turns, so that none has the quiet part of the run to itself.
-    std::string interleaved = "--benchmark_enable_random_interleaving=true";
-    std::vector<char*> arguments(argv, argv + argc);
-    arguments.insert(arguments.begin() + 1, &interleaved[0]);
-    argc = static_cast<int>(arguments.size());
-    arguments.push_back(nullptr);
-    argv = arguments.data();
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 2;
     hInstance = ::GetModuleHandleW(nullptr); // the program carries the language resources
     ::InitCommonControls();
     const orv::WinsockSession network; // of the client that the submission is posted to
-    try {
-        return orv::bench::Run();
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "bench: %s\n", error.what());
-        return 2;
-    }
+    return orv::bench::RunProgram(argc, argv, orv::bench::Run);
 }

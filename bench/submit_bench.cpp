@@ -3,6 +3,7 @@
 #include "analysis/text/text_convert.h"
 #include "bench/fastest_reporter.h"
 #include "bench/figures.h"
+#include "bench/program.h"
 #include "bench/report_text.h"
 #include "bench/scene_bytes.h"
 #include "client/winsock_session.h"
@@ -27,7 +28,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <exception>
 #include <memory>
 #include <stdexcept>
 
@@ -190,22 +190,7 @@ int Run() {
 } // namespace orv
 
 int main(int argc, char** argv) {
-    // What is compared takes turns, so that none has the quiet part of the run to itself.
-    std::string interleaved = "--benchmark_enable_random_interleaving=true";
-    std::vector<char*> arguments(argv, argv + argc);
-    arguments.insert(arguments.begin() + 1, &interleaved[0]);
-    argc = static_cast<int>(arguments.size());
-    arguments.push_back(nullptr);
-    argv = arguments.data();
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 2;
     hInstance = ::GetModuleHandleW(nullptr); // the program carries the language resources
     const orv::WinsockSession network;
-    try {
-        return orv::bench::Run();
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "bench: %s\n", error.what());
-        return 2;
-    }
+    return orv::bench::RunProgram(argc, argv, orv::bench::Run);
 }
