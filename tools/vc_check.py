@@ -68,9 +68,9 @@ def resource_faults(work):
                    "-isystem", str(WINE / "msvcrt"), name, "-o", str(text)]
         reading = run(command)
         if reading.returncode == 0:
+            # From its own folder: an absolute path such as /ci/... reads as the option /c of this compiler.
             reading = subprocess.run(["llvm-rc", "-no-preprocess", "/C", "65001", "/I", str(ROOT), "/FO",
-                                      str(work / "resources.res"), str(text)], cwd=ROOT, capture_output=True, text=True,
-                                     check=False)
+                                      "resources.res", text.name], cwd=work, capture_output=True, text=True, check=False)
         if reading.returncode != 0:
             yield f"== {name}\n{reading.stdout}{reading.stderr}"
 
