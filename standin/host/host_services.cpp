@@ -1,6 +1,7 @@
 #include "standin/host/host_services.h"
 
 #include "standin/host/host.h"
+#include "standin/host/host_folders.h"
 #include "standin/host/text.h"
 #include "standin/sdk/include/standin/core.h"
 
@@ -19,12 +20,6 @@ constexpr int kPluginFolder = -6;
 std::wstring ProgramFolder() {
     wchar_t path[MAX_PATH] = {};
     GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return FolderOf(path);
-}
-
-std::wstring TempFolder() {
-    wchar_t path[MAX_PATH + 1] = {};
-    GetTempPathW(MAX_PATH, path);
     return FolderOf(path);
 }
 

@@ -42,6 +42,7 @@ bool Scene::open(const std::wstring& path, std::string& error) {
     descriptionText_ = text;
     description_ = description;
     modified_ = description.modified;
+    ++generation_;
     return true;
 }
 
@@ -53,7 +54,18 @@ bool Scene::describe(const std::string& json, std::string& error) {
     descriptionText_ = json;
     description_ = description;
     modified_ = description.modified;
+    ++generation_;
     return true;
+}
+
+void Scene::change(const std::string& json) {
+    SceneDescription description;
+    std::string error;
+    if (ReadSceneDescription(json, description, error)) {
+        descriptionText_ = json;
+        description_ = description;
+        modified_ = true;
+    }
 }
 
 bool Scene::save() {

@@ -31,6 +31,15 @@ public:
     const std::wstring& path() const { return path_; } // full path, empty when never saved
     std::wstring fileName() const;                     // without the folder
 
+    // Takes over what scripts changed of the content: a description text again, which saving
+    // writes. The scene counts as modified then.
+    void change(const std::string& json);
+
+    // The description as it would be saved, and a number that is another one each time that the
+    // content was replaced by open() or describe().
+    const std::string& descriptionText() const { return descriptionText_; }
+    int generation() const { return generation_; }
+
     bool modified() const { return modified_; }
     void setModified(bool modified) { modified_ = modified; }
 
@@ -41,6 +50,7 @@ private:
     std::string descriptionText_ = "{}\n";
     SceneDescription description_;
     bool modified_ = false;
+    int generation_ = 1;
 };
 
 } // namespace standin
