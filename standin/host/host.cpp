@@ -1,8 +1,9 @@
 #include "standin/host/host.h"
 
 #include "standin/host/file_dialog.h"
+#include "standin/host/host_folders.h"
 #include "standin/host/host_services.h"
-#include "standin/host/parser_call_runner.h"
+#include "standin/host/maxscript_runner.h"
 #include "standin/host/text.h"
 #include "standin/sdk/include/standin/core.h"
 #include "standin/sdk/include/standin/gup.h"
@@ -51,11 +52,21 @@ std::wstring PluginText(const standin_plugin* plugin, const wchar_t* which) {
     return text != nullptr ? text : L"";
 }
 
+HostOptions WithFolders(HostOptions options) {
+    if (options.hostFolder.empty())
+        options.hostFolder = ProgramFolder();
+    return options;
+}
+
 } // namespace
 
 Host::Host(HostOptions options, EventSink sink)
-    : options_(std::move(options)), sink_(std::move(sink)), askForFile_(&AskForSceneFile),
-      runner_(std::make_unique<ParserCallRunner>(scene_)),
+    : options_(WithFolders(std::move(options))), sink_(std::move(sink)),
+      askForFile_(&AskForSceneFile),
+      runner_(std::make_unique<MaxscriptRunner>(
+          scene_,
+          [this](const std::wstring& name) { return HostFolder(options_.hostFolder, name); },
+          [this](const std::wstring& text) { listener(text); })),
       window_({[this](int id) { menuCommand(id); }, [this] { leaving_ = true; }}) {}
 
 Host::~Host() {
@@ -262,7 +273,8 @@ bool Host::saveSceneTo(const std::wstring& path, bool clearModified, bool makeCu
 ScriptOutcome Host::runScript(const std::wstring& text) {
     ScriptOutcome outcome = runner_->run(text);
     if (!outcome.ok)
-        listener(outcome.error);
+        listener(L"-- " + outcome.error + L"\n");
+    refresh();
     Event("script_run")
         .with("text", text)
         .with("ok", outcome.ok)
@@ -275,8 +287,8 @@ void Host::setScriptRunner(std::unique_ptr<ScriptRunner> runner) {
     runner_ = std::move(runner);
 }
 
-void Host::listener(const std::wstring& line) const {
-    std::fprintf(stderr, "Listener: -- %s\n", ToUtf8(line).c_str());
+void Host::listener(const std::wstring& text) const {
+    std::fprintf(stderr, "Listener: %s", ToUtf8(text).c_str());
 }
 
 void Host::refresh() {

@@ -73,7 +73,7 @@ private:
     void menuCommand(int id);
     void hostCommand(int command);
     void dispatch(MSG& message);
-    void listener(const std::wstring& line) const;
+    void listener(const std::wstring& text) const;
 
     HostOptions options_;
     EventSink sink_;

@@ -6,6 +6,12 @@
 
 namespace standin {
 
+std::wstring ProgramFolder() {
+    wchar_t path[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return FolderOf(path);
+}
+
 std::wstring TempFolder() {
     wchar_t path[MAX_PATH + 1] = {};
     GetTempPathW(MAX_PATH, path);

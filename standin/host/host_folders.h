@@ -10,7 +10,9 @@ namespace standin {
 // folder need not exist.
 std::wstring HostFolder(const std::wstring& hostFolder, const std::wstring& name);
 
-// The system's folder for temporary files, without a separator at its end.
+// The folder of the running program, and the system's for temporary files, both without a separator
+// at the end.
+std::wstring ProgramFolder();
 std::wstring TempFolder();
 
 } // namespace standin

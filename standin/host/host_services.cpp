@@ -17,12 +17,6 @@ constexpr int kTempFolder = 29;
 constexpr int kStandardPluginFolder = -5;
 constexpr int kPluginFolder = -6;
 
-std::wstring ProgramFolder() {
-    wchar_t path[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return FolderOf(path);
-}
-
 // Calls a service for one of the host's libraries, which know nothing of exceptions.
 template<class Result, class Call>
 Result Guarded(void* context, Result whenFailed, Call call) {

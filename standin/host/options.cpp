@@ -10,6 +10,7 @@ struct TextOption {
 constexpr TextOption kTextOptions[] = {{L"--plugin-dir", &HostOptions::pluginFolder},
                                        {L"--scene", &HostOptions::scenePath},
                                        {L"--menu-file", &HostOptions::menuFile},
+                                       {L"--host-dir", &HostOptions::hostFolder},
                                        {L"--log", &HostOptions::logFile}};
 
 struct Flag {
@@ -83,6 +84,7 @@ std::string HelpText() {
            "  --plugin-dir FOLDER   load every *.gup of this folder\n"
            "  --scene FILE          open this scene; its description is FILE.json\n"
            "  --menu-file FILE      read the menus from this file and write them to it at the end\n"
+           "  --host-dir FOLDER     where the host's start-up scripts are (beside the program)\n"
            "  --late-menus          read the menu file after the plug-ins were started\n"
            "  --language en|zh      language of the plug-ins' texts (en)\n"
            "  --log FILE            write the events to this file too\n"

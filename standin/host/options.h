@@ -12,7 +12,8 @@ struct HostOptions {
     std::wstring pluginFolder; // every *.gup in it is loaded; empty: no plug-ins
     std::wstring scenePath;    // empty: a new scene
     std::wstring menuFile;     // read at start, written at the end; empty: the menus are not kept
-    std::wstring logFile;      // gets a copy of the events; empty: none
+    std::wstring hostFolder; // stands for the installation and the user's own; empty: the program's
+    std::wstring logFile;    // gets a copy of the events; empty: none
     Language language = Language::English;
     bool loadMenusLate = false; // read the menu file after the plug-ins were started, not before
     bool exitAfterStart = false;

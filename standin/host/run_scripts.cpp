@@ -11,7 +11,7 @@
 namespace {
 
 constexpr char kHelp[] =
-    "standin-script.exe [--scene FILE] [--host-folder FOLDER] [--save] SCRIPT...\n"
+    "standin-script.exe [--scene FILE] [--host-dir FOLDER] [--save] SCRIPT...\n"
     "Runs MAXScript files, or texts that start with an opening bracket, one after the other over\n"
     "one scene. --save writes the scene's description afterwards. The exit code is 0, or 1 when a\n"
     "script failed.\n";
@@ -26,7 +26,7 @@ std::wstring AsScript(const std::wstring& argument) {
 
 int Run(const std::vector<std::wstring>& arguments) {
     standin::Scene scene;
-    std::wstring hostFolder = L".";
+    std::wstring hostFolder = standin::ProgramFolder();
     bool save = false;
     std::vector<std::wstring> scripts;
     for (size_t i = 1; i < arguments.size(); ++i) {
@@ -38,7 +38,7 @@ int Run(const std::vector<std::wstring>& arguments) {
                 std::fprintf(stderr, "%s\n", error.c_str());
                 return 1;
             }
-        } else if (each == L"--host-folder" && hasNext) {
+        } else if (each == L"--host-dir" && hasNext) {
             hostFolder = arguments[++i];
         } else if (each == L"--save") {
             save = true;

@@ -32,13 +32,6 @@ void Read(const Json::Value& object, const char* name, int& number) {
     }
 }
 
-void Read(const Json::Value& object, const char* name, double& number) {
-    const Json::Value& value = Member(object, name);
-    if (value.isNumeric()) {
-        number = value.asDouble();
-    }
-}
-
 void Read(const Json::Value& object, const char* name, bool& flag) {
     const Json::Value& value = Member(object, name);
     if (value.isBool()) {
@@ -58,18 +51,6 @@ void Read(const Json::Value& object, const char* name, std::vector<std::wstring>
     }
 }
 
-bool Read(const Json::Value& object, const char* name,
-          std::map<std::string, Json::Value>& settings) {
-    const Json::Value& values = Member(object, name);
-    if (!values.isObject()) {
-        return false;
-    }
-    for (const std::string& key : values.getMemberNames()) {
-        settings[key] = values[key];
-    }
-    return true;
-}
-
 void Read(const Json::Value& object, const char* name, std::vector<SceneCamera>& cameras) {
     const Json::Value& list = Member(object, name);
     if (!list.isArray()) {
@@ -81,31 +62,8 @@ void Read(const Json::Value& object, const char* name, std::vector<SceneCamera>&
             camera.name = ToWide(item.asString());
         } else {
             Read(item, "name", camera.name);
-            Read(item, "width", camera.width);
-            Read(item, "height", camera.height);
         }
         cameras.push_back(camera);
-    }
-}
-
-void Read(const Json::Value& object, const char* name, std::vector<ExternalFile>& files) {
-    const Json::Value& list = Member(object, name);
-    if (!list.isArray()) {
-        return;
-    }
-    for (const Json::Value& item : list) {
-        ExternalFile file;
-        if (item.isString()) {
-            file.path = ToWide(item.asString());
-        } else {
-            Read(item, "path", file.path);
-            const Json::Value& missing = Member(item, "missing");
-            if (missing.isBool()) {
-                file.state =
-                    missing.asBool() ? ExternalFile::State::Missing : ExternalFile::State::Present;
-            }
-        }
-        files.push_back(file);
     }
 }
 
@@ -191,27 +149,6 @@ bool ReadSceneDescription(const std::string& json, SceneDescription& description
     Read(root, "objects", read.objects);
     Read(root, "cameras", read.cameras);
 
-    const Json::Value& renderer = Member(root, "renderer");
-    Read(renderer, "name", read.renderer);
-    read.hasVray = Read(renderer, "vray", read.vray);
-    read.hasCorona = Read(renderer, "corona", read.corona);
-
-    const Json::Value& output = Member(root, "output");
-    Read(output, "width", read.imageWidth);
-    Read(output, "height", read.imageHeight);
-    Read(output, "format", read.imageFormat);
-    Read(output, "gamma", read.gamma);
-    Read(output, "region", read.region);
-
-    const Json::Value& frames = Member(root, "frames");
-    Read(frames, "start", read.startFrame);
-    Read(frames, "end", read.endFrame);
-
-    Read(root, "external_files", read.externalFiles);
-    Read(root, "xrefs", read.xrefs);
-    Read(root, "error_codes", read.errorCodes);
-    Read(root, "app_version", read.appVersion);
-    Read(root, "version", read.version);
     Read(root, "refuse_save", read.refuseSave);
     Read(root, "told_path", read.toldPath);
     Read(root, "modified", read.modified);

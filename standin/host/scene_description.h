@@ -1,5 +1,5 @@
-// What a scene holds, as its description beside the scene file says it. The format of the
-// description is explained in README.md.
+// What the host itself reads of a scene's description, which README.md explains; the rest is for
+// the scripts (maxscript/scene_state.h).
 #pragma once
 
 #include <json/json.h>
@@ -12,14 +12,6 @@ namespace standin {
 
 struct SceneCamera {
     std::wstring name;
-    int width = 0; // 0 when the camera has no resolution of its own
-    int height = 0;
-};
-
-struct ExternalFile {
-    enum class State { Present, Missing, LookOnDisk };
-    std::wstring path;
-    State state = State::LookOnDisk;
 };
 
 struct ScriptBehaviour {
@@ -33,26 +25,6 @@ struct ScriptBehaviour {
 struct SceneDescription {
     std::vector<std::wstring> objects;
     std::vector<SceneCamera> cameras;
-
-    std::wstring renderer = L"Default_Scanline_Renderer";
-    std::map<std::string, Json::Value> vray; // settings under the names that the report uses
-    bool hasVray = false;
-    std::map<std::string, Json::Value> corona;
-    bool hasCorona = false;
-
-    int imageWidth = 640;
-    int imageHeight = 480;
-    std::wstring imageFormat;
-    double gamma = 2.2;
-    bool region = false;
-    int startFrame = 0;
-    int endFrame = 100;
-
-    std::vector<ExternalFile> externalFiles;
-    std::vector<ExternalFile> xrefs;
-    std::vector<std::wstring> errorCodes;
-    std::wstring appVersion = L"2019";
-    std::wstring version = L"21.0";
 
     bool refuseSave = false;
     std::wstring toldPath; // what plug-ins are told as the scene's path; empty: the real one

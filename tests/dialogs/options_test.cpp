@@ -37,10 +37,10 @@ protected:
     void useCorona() {
         host_.scene["renderer"] = Json::Value();
         host_.scene["renderer"]["name"] = "CoronaRenderer";
-        Json::Value& limits = host_.scene["renderer"]["corona"];
-        limits["pass_limit"] = "100";
-        limits["time_limit"] = "0";
-        limits["noise_level_limit"] = "5";
+        Json::Value& limits = host_.scene["renderer"]["properties"];
+        limits["progressive_passLimit"] = 100;
+        limits["progressive_timeLimit"] = 0;
+        limits["adaptivity_targetError"] = 5.0;
     }
     HWND control(int id) const { return ::GetDlgItem(window_, id); }
     bool enabled(int id) const { return ::IsWindowEnabled(control(id)) != FALSE; }

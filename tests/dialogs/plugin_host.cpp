@@ -54,7 +54,7 @@ HMENU ProductMenu(HWND host) {
 
 PluginHost::PluginHost() : scene(Parsed(kScene)) {
     product.writeSettings("port=12345\r\nlowerversion=1.3.7\r\n");
-    product.write(L"/script/MaxRenderGlobalsParser.mse", "-- parser");
+    product.installScripts();
 }
 
 PluginHost::~PluginHost() {

@@ -54,9 +54,9 @@ TEST_F(RenderOptions, OfferFourteenFormatsAndTwoViews) {
 }
 
 TEST_F(RenderOptions, SelectTheSphericalViewOfASphericalCamera) {
-    host_.scene["renderer"]["vray"]["camera_override_fov"] = true;
-    host_.scene["renderer"]["vray"]["camera_fov"] = 360.0;
-    host_.scene["renderer"]["vray"]["is_spherical"] = true;
+    host_.scene["renderer"]["properties"]["camera_overrideFOV"] = true;
+    host_.scene["renderer"]["properties"]["camera_fov"] = 360.0;
+    host_.scene["renderer"]["properties"]["camera_type"] = 1;
     startHost();
     HWND dialog = openForRow(0);
     ASSERT_NE(dialog, nullptr);
@@ -429,9 +429,9 @@ TEST_F(RenderOptions, EndWithTheirButtonsBelowTheLastField) {
 
 TEST_F(RenderOptions, HaveANoteInACoronaScene) {
     host_.scene["renderer"]["name"] = "Corona";
-    host_.scene["renderer"]["corona"]["pass_limit"] = "10";
-    host_.scene["renderer"]["corona"]["time_limit"] = "0";
-    host_.scene["renderer"]["corona"]["noise_level_limit"] = "0";
+    host_.scene["renderer"]["properties"]["progressive_passLimit"] = 10;
+    host_.scene["renderer"]["properties"]["progressive_timeLimit"] = 0;
+    host_.scene["renderer"]["properties"]["adaptivity_targetError"] = 0.0;
     startHost();
     HWND dialog = openForRow(0);
     ASSERT_NE(dialog, nullptr);

@@ -1,6 +1,7 @@
 #include "tests/support/product_folder.h"
 
 #include "base/folders.h"
+#include "base/windows.h"
 #include "tests/support/files.h"
 
 namespace orv {
@@ -34,6 +35,16 @@ void TestProductFolder::write(const std::wstring& suffix, const std::string& byt
 
 std::string TestProductFolder::read(const std::wstring& suffix) const {
     return ReadFileBytes(path(suffix));
+}
+
+void TestProductFolder::installScripts() const {
+    wchar_t program[MAX_PATH] = {};
+    ::GetModuleFileNameW(nullptr, program, MAX_PATH);
+    const std::wstring here(program);
+    const std::wstring folder = here.substr(0, here.rfind(L'\\')) + L"\\scripts";
+    for (const std::wstring& name : ListFolder(folder))
+        write(L"/script/" + name, ReadFileBytes(folder + L"\\" + name));
+    write(L"/script/MaxRenderGlobalsParser.mse", read(L"/script/MaxRenderGlobalsParser.ms"));
 }
 
 void TestProductFolder::writeSettings(const std::string& lines) const {

@@ -146,6 +146,12 @@ void AddWholeFiles(Globals& globals) {
     });
 }
 
+std::wstring EnvironmentVariable(const std::wstring& name) {
+    wchar_t text[1024] = {};
+    const DWORD length = GetEnvironmentVariableW(name.c_str(), text, 1024);
+    return length < 1024 ? std::wstring(text, length) : std::wstring();
+}
+
 } // namespace
 
 void AddFileFunctions(Interpreter& interpreter, SceneState& state) {
@@ -155,6 +161,16 @@ void AddFileFunctions(Interpreter& interpreter, SceneState& state) {
     AddFileStreams(globals);
     globals.addFunction(L"doesFileExist", 1, 1, [&state](Interpreter&, const Arguments& a) {
         return Value(Exists(state, TextOf(a.values[0])));
+    });
+    const auto systemTools = std::make_shared<Record>(L"systemTools");
+    systemTools->add(L"getEnvVariable", 1, 1, [](Interpreter&, const Arguments& a) {
+        return Value(EnvironmentVariable(TextOf(a.values[0])));
+    });
+    globals.addValue(L"systemTools", Value(systemTools));
+    // Nobody is there to close a box: its text goes to the Listener.
+    globals.addFunction(L"messageBox", 1, 1, [](Interpreter& runs, const Arguments& a) {
+        runs.tell(L"messageBox: " + TextOf(a.values[0]) + L"\n");
+        return Value(true);
     });
     // The stand-in has no cipher: the copy under the new suffix is plain text, which it reads too.
     globals.addFunction(L"encryptScript", 1, 1, [](Interpreter&, const Arguments& a) {

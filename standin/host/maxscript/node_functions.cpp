@@ -3,6 +3,8 @@
 
 #include "standin/host/text.h"
 
+#include <map>
+
 namespace standin {
 namespace maxscript {
 namespace {
@@ -51,6 +53,41 @@ Value NodeByName(const SceneState& state, const Arguments& a) {
     return found.empty() ? Value() : found[0];
 }
 
+// A superclass knows its classes; here those that the scene has objects of.
+class SuperClassValue : public ClassValue {
+public:
+    SuperClassValue(const std::wstring& itsName, const SceneState& state)
+        : ClassValue(itsName), state_(state) {}
+
+    bool property(const std::wstring& asked, Value& value) override {
+        if (asked != L"classes") {
+            return false;
+        }
+        std::map<std::wstring, Value> classes; // by the name in lower case
+        const auto add = [this, &classes](const SceneObject& object) {
+            if (Fold(object.superClass()) == Fold(name)) {
+                classes[Fold(object.className())] =
+                    Value(std::make_shared<ClassValue>(object.className(), object.superClass()));
+            }
+        };
+        for (const auto& node : state_.nodesOf(L"")) {
+            add(*node);
+        }
+        for (const auto& object : state_.objects) {
+            add(*object);
+        }
+        Values found;
+        for (const auto& each : classes) {
+            found.push_back(each.second);
+        }
+        value = MakeArray(found);
+        return true;
+    }
+
+private:
+    const SceneState& state_;
+};
+
 // One node, or each of a collection.
 Value Delete(SceneState& state, const Value& what) {
     if (const auto array = what.as<Array>()) {
@@ -94,8 +131,8 @@ void AddNodeFunctions(Globals& globals, SceneState& state) {
         });
     }
     for (const wchar_t* const name : {L"Camera", L"Helper", L"GeometryClass", L"Light", L"Shape",
-                                      L"Material", L"RendererClass"}) {
-        globals.addValue(name, Value(std::make_shared<ClassValue>(name)));
+                                      L"Material", L"TextureMap", L"RendererClass"}) {
+        globals.addValue(name, Value(std::make_shared<SuperClassValue>(name, state)));
     }
     for (const wchar_t* const name : {L"Freecamera", L"Targetcamera", L"Physical"}) {
         globals.addValue(name, Value(std::make_shared<ClassValue>(name, L"Camera")));

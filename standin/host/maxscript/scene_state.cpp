@@ -77,14 +77,16 @@ SceneAsset Asset(const Json::Value& json) {
     return asset;
 }
 
-// A function of the scene is there to be found and replaced; called, it does nothing.
-Value SceneGlobal(const std::string& name, const Json::Value& json) {
-    if (json.isObject() && Member(json, "function").isBool()) {
-        return Value(std::make_shared<NativeFunction>(
-            ToWide(name), 0, NativeFunction::kAny,
-            [](Interpreter&, const Arguments&) { return Value(); }));
-    }
-    return FromJson(json);
+// A function that came with the scene is there to be found and replaced; called, it does nothing.
+class SceneFunction : public Object {
+public:
+    std::wstring className() const override { return L"MAXScriptFunction"; }
+    Value call(Interpreter&, const Arguments&) override { return Value(); }
+};
+
+Value SceneGlobal(const Json::Value& json) {
+    return Member(json, "function").isBool() ? Value(std::make_shared<SceneFunction>())
+                                             : FromJson(json);
 }
 
 } // namespace
@@ -130,7 +132,7 @@ void SceneState::read(const Json::Value& json, Globals& globals) {
         for (const std::string& name : values.getMemberNames()) {
             const auto cell = globals.findOrMake(ToWide(name));
             if (!cell->isSystem) {
-                cell->value = SceneGlobal(name, values[name]);
+                cell->value = SceneGlobal(values[name]);
                 globalNames.push_back(ToWide(name));
             }
         }

@@ -121,8 +121,9 @@ Failure CoronaWithoutLimits() {
     row.arrange = [](FailureTable& flow) {
         Json::Value& renderer = flow.host_.scene["renderer"];
         renderer["name"] = "CoronaRenderer";
-        for (const char* limit : {"pass_limit", "time_limit", "noise_level_limit"})
-            renderer["corona"][limit] = 0;
+        renderer["properties"]["adaptivity_targetError"] = 0.0;
+        for (const char* limit : {"progressive_passLimit", "progressive_timeLimit"})
+            renderer["properties"][limit] = 0;
     };
     row.textId = IDS_CORONA_WITHOUT_LIMITS;
     row.captionId = IDS_CAPTION_CHECK;

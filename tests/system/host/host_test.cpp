@@ -235,7 +235,7 @@ TEST_F(HostAlone, AnswersZeroToATextItDoesNotKnow) {
     HostUnderTest host(options);
     ASSERT_TRUE(host->start());
     HostValue value = {-1, 0, {0}};
-    EXPECT_EQ(Execute(L"delete objects", value), 0);
+    EXPECT_EQ(Execute(L"delete nothing", value), 0);
     const auto run = host.events("script_run");
     ASSERT_EQ(run.size(), 1U);
     EXPECT_FALSE(run[0]["ok"].asBool());

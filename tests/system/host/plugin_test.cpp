@@ -177,7 +177,7 @@ HWND DialogOver(HWND owner) {
 // loop of its own, inside the host's menu command.
 TEST_F(HostWithPlugin, OpensItsDialogOverTheWindowAndReadsTheScene) {
     const orv::test::TestProductFolder product;
-    product.write(L"/script/MaxRenderGlobalsParser.mse", "-- the scene parser");
+    product.installScripts();
     product.writeSettings("port=1\r\nlowerversion=1.0.0\r\n");
     folder.write(L"\u5BA2\u5385 1.max.json", R"({"cameras": ["Wide", "\u9910\u5385"]})");
     options.scenePath = folder.write(L"\u5BA2\u5385 1.max", "scene bytes");
