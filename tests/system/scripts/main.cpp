@@ -1,0 +1,9 @@
+#include "resources/text.h"
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    hInstance = ::GetModuleHandleW(nullptr); // the test program carries the language resources
+    return RUN_ALL_TESTS();
+}
