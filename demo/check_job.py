@@ -6,6 +6,7 @@ import re
 import subprocess
 from pathlib import Path
 
+import sample_scene
 from stage import StageFailed
 
 
@@ -92,3 +93,18 @@ def linux_path(path, prefix):
     if drive == "Z:":
         return Path("/") / rest
     return Path(prefix) / "drive_c" / rest
+
+
+def check_cleaning(product, startup_script):
+    """The cleaners' log names all marks of the sample scene and nothing else; of the start-up script the
+    studio's own part is left, and the backup has the whole."""
+    entries = [json.loads(line) for line in (product / "log/OrvAntivirus.log").read_text("utf-8").splitlines()]
+    removed = {(e["kind"], re.split(r"[\\/]", e["name"])[-1]) for e in entries if e["action"] == "removed"}
+    need(removed == sample_scene.REMOVED, f"the cleaning scripts removed {removed}")
+    results = [e["action"] for e in entries if e["kind"] == "result"]
+    need(results == ["clean", "cleaned", "cleaned"], f"the cleaning scripts say {results}")
+    need(startup_script.read_bytes() == sample_scene.HONEST_PART, "the start-up script was not cut as it should be")
+    backup = product / f"backup/{startup_script.name}.1.backup"
+    need(backup.read_bytes().startswith(sample_scene.HONEST_PART) and b"marker" in backup.read_bytes(),
+         "the backup does not have the whole start-up script")
+    print(f"   cleaning: {len(removed)} marks removed, neighbours left, {startup_script.name} cut and backed up")

@@ -26,7 +26,7 @@ ACCEPTED = 10001
 TICKED = ["Cam_Living_01", "餐厅视角"]
 
 # Controls of the dialogs, by number.
-SUBMIT, CAMERAS, PROGRESS_BAR = 1005, 1006, 1202
+CLEAN, SUBMIT, CAMERAS, PROGRESS_BAR = 1000, 1005, 1006, 1202
 OK = 1
 
 
@@ -39,10 +39,10 @@ def install_product(port):
     shutil.copytree(DEPENDENCIES / "7-Zip", product / "7-Zip")
     (product / "script/rud_plugin.ini").write_text(
         f"[general]\r\nip=127.0.0.1\r\nport={port}\r\nlowerversion=1.3.7\r\n", "ascii", newline="")
-    # The stand-in host knows the parser's call by its name; what it would find is in the scene's
-    # description.
-    (product / "script/MaxRenderGlobalsParser.mse").write_text(
-        "-- The scene parser of the demo: the stand-in host answers gMax.analysis itself.\r\n", newline="")
+    for script in (ROOT / "scripts").glob("*.ms"):
+        shutil.copy(script, product / "script")
+    # In the stand-in host a plain text does for the encrypted parser.
+    shutil.copy(ROOT / "scripts/MaxRenderGlobalsParser.ms", product / "script/MaxRenderGlobalsParser.mse")
     return product
 
 
@@ -90,6 +90,7 @@ class Demo:
             scene = sample_scene.write_sample(scene_folder, windows_folder)
             scene_path = f"{windows_folder}\\{scene.name}"
             plugins = self.install_plugin()
+            self.startup_script = sample_scene.write_startup_script(OUTPUT / "host/scripts/startup")
 
         with self.stage("client"):
             client = self.start("client", wine(
@@ -100,7 +101,8 @@ class Demo:
         with self.stage("host"):
             self.desktop.open()
             host = self.start("host", self.desktop.command(
-                "standin-host.exe", "--plugin-dir", windows_path(plugins), "--scene", scene_path))
+                "standin-host.exe", "--plugin-dir", windows_path(plugins), "--scene", scene_path,
+                "--host-dir", windows_path(OUTPUT / "host")))
             started = host.wait_for("event", 30, "started")
             check_job.need(started["plugins"] == 1, "the host did not take the plug-in")
             check_job.need(started["scene"] == scene_path, "the host did not open the scene")
@@ -121,6 +123,12 @@ class Demo:
             for name in TICKED:
                 self.tick(name)
             self.desktop.picture("ticked")
+
+        with self.stage("cleaning"):
+            # The label is wider than the dialog's row for it: the box itself is clicked.
+            left, top, _, bottom = control(self.dialog(), CLEAN)["rect"]
+            self.desktop.click(left + (bottom - top) // 2, (top + bottom) // 2)
+            self.desktop.wait_for("ticked cleaning", lambda w: control(self.dialog(w), CLEAN)["checked"], 10)
 
         with self.stage("submit"):
             self.desktop.click_middle(control(self.dialog(), SUBMIT)["rect"])
@@ -198,6 +206,7 @@ class Demo:
         check_job.check_request(REQUEST.read_bytes(), body, scene_path)
         check_job.check_archive(check_job.linux_path(body["compressPath"], PREFIX), scene)
         check_job.check_job_file(check_job.linux_path(body["filePath"], PREFIX), scene_path, TICKED)
+        check_job.check_cleaning(PREFIX / "drive_c/ProgramData/Orv Rendering", self.startup_script)
 
     def close(self):
         for program in self.programs:

@@ -33,14 +33,14 @@ def description(scene_folder):
         ],
         "renderer": {
             "name": "V_Ray_Adv_3_60_03",
-            "vray": {
-                "imagesampler_type": 1,
+            "properties": {
+                "imageSampler_type": 1,
                 "gi_irradmap_preset": 2,
                 "gi_irradmap_minRate": -3,
                 "gi_irradmap_maxRate": 0,
-                "camera_override_fov": False,
+                "camera_overrideFOV": False,
                 "camera_fov": 45.0,
-                "is_spherical": False,
+                "camera_type": 0,
             },
         },
         "output": {"width": 3000, "height": 2000, "format": "png", "gamma": 2.2, "region": False},
@@ -50,10 +50,44 @@ def description(scene_folder):
             {"path": beside("maps\\沙发 布纹.jpg"), "missing": False},
             *({"path": beside(f"maps\\{name}"), "missing": True} for name in MISSING),
         ],
-        "app_version": "2019",
-        "version": "21.0",
         "modified": True,
+        **marks(),
     }
+
+
+def marks():
+    """The marks of a script virus, with nothing behind them, and neighbours that look like them."""
+    harmless = "-- harmless marker, no virus: cleanbeta " + "x" * 5000
+    return {
+        "nodes": [
+            {"name": "¡¡×ý×û", "class": "Point", "superclass": "Helper", "hidden": True,
+             "controllers": {"scale": harmless}},
+            {"name": "灯光 辅助", "class": "Point", "superclass": "Helper", "controllers": {"scale": "[1,1,1]"}},
+        ],
+        "globals": {"CRP_AScript": "harmless marker", "runMainCleanBeta": {"function": True}, "studioTools": "on"},
+        "persistents": ["CRP_AScript", "studioTools"],
+        "callbacks": [
+            {"type": "filePostOpen", "id": "ID_CRP_filePostOpen", "script": "-- harmless marker", "persistent": True},
+            {"type": "filePostOpen", "id": "studio", "script": "print 1"},
+        ],
+    }
+
+
+# What the cleaning scripts have to remove of it, and nothing else.
+REMOVED = {
+    ("callback", "ID_CRP_filePostOpen"), ("persistent", "CRP_AScript"), ("global", "CRP_AScript"),
+    ("function", "runMainCleanBeta"), ("node", "¡¡×ý×û"), ("file", "studio.ms"),
+}
+STARTUP_SCRIPT = "studio.ms"
+HONEST_PART = b"print \"the studio's own start-up script\"\r\n"
+
+
+def write_startup_script(folder):
+    """A start-up script of the studio's with the mark behind it. Returns its file."""
+    folder.mkdir(parents=True)
+    script = folder / STARTUP_SCRIPT
+    script.write_bytes(HONEST_PART + b"CRP_AScript = \"harmless marker\"\r\n")
+    return script
 
 
 def _geometry_pages(chance):

@@ -40,14 +40,15 @@ SCENES = {
                    "output": {"width": 1920, "height": 1080, "format": "png"}},
     "vray": {
         "cameras": ["Camera 01", {"name": "Camera 客厅", "width": 4096, "height": 2048}, "Door"],
-        "renderer": {"name": "V_Ray_Adv_4_10_03", "vray": {"imagesampler_type": 3}},
+        "renderer": {"name": "V_Ray_Adv_4_10_03", "properties": {"imageSampler_type": 3}},
         "output": {"width": 1920, "height": 1080, "format": "png", "region": True},
         "external_files": FILES,
     },
     "corona": {
         "cameras": ["Camera 01", "Kitchen", "Door"],
         "renderer": {"name": "Corona",
-                     "corona": {"pass_limit": "120", "time_limit": "3600000", "noise_level_limit": "4"}},
+                     "properties": {"progressive_passLimit": 120, "progressive_timeLimit": 3600000,
+                                    "adaptivity_targetError": 4.0}},
         "output": {"width": 3000, "height": 2000, "format": "tif"},
     },
     # A report that sets off everything, as a parser of its own would write it.

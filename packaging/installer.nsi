@@ -40,7 +40,7 @@ Var Upgrades
 
 !define MUI_ABORTWARNING
 !define MUI_WELCOMEPAGE_TEXT "This installs ${PRODUCT} for every user of this computer.$\r$\n$\r$\nIf it is installed already, it is brought up to date or repaired; settings and logs stay.$\r$\n$\r$\nPlease close 3ds Max first."
-!define MUI_FINISHPAGE_TEXT "Start 3ds Max 2019: the menu bar has a menu ${PRODUCT}.$\r$\n$\r$\nSettings and logs are in $Product."
+!define MUI_FINISHPAGE_TEXT "Start 3ds Max 2019: the menu bar has a menu ${PRODUCT}.$\r$\n$\r$\nSettings and logs are in $Product.$\r$\n$\r$\nThe first start prepares the scene parser; if you may not write to the folder, start 3ds Max once as administrator."
 !insertmacro MUI_PAGE_WELCOME
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
@@ -202,6 +202,7 @@ Section Uninstall
       !insertmacro RemoveIn "$Product\compress" "*.7z"
       FindFirst $2 $3 "$Product\log*"
       ${DoWhile} $3 != ""
+        Delete "$Product\log\OrvAntivirus.log*"
         !insertmacro RemoveIn "$Product\$3" "rud_*.log"
         FindNext $2 $3
       ${Loop}

@@ -16,8 +16,10 @@ ROOT = Path(__file__).resolve().parent.parent
 HERE = ROOT / "packaging"
 # One code for all versions; each version's own code follows from it.
 UPGRADE_CODE = uuid.UUID("6f0c2c53-7a1e-4c1c-9c8e-2d6f0b9a4e71")
-SCRIPTS = ("OrvAntivirusAdsl_UTF8.ms", "OrvAntivirusAlc_UTF8.ms", "OrvAntivirusCrp_UTF8.ms")
 PARSER = "MaxRenderGlobalsParser"
+INSTALLER_SCRIPT = "OrvInstallParser.ms"
+SCRIPTS = ("OrvAntivirusAdsl_UTF8.ms", "OrvAntivirusAlc_UTF8.ms", "OrvAntivirusCommon_UTF8.ms",
+           "OrvAntivirusCrp_UTF8.ms", INSTALLER_SCRIPT)
 BUNDLE, PRODUCT = "bundle/OrvRendering.bundle", "product"
 # Where the installer puts the two.
 TARGETS = {BUNDLE: "$Bundle", PRODUCT: "$Product"}
@@ -72,6 +74,8 @@ def gather(payload, version, plugin, deps, script_folder):
               "PRODUCT_CODE": str(uuid.uuid5(UPGRADE_CODE, version)).upper()}
     filled("PackageContents.xml.in", payload / BUNDLE / "PackageContents.xml", values)
     copy(plugin, payload / BUNDLE / "Contents/OrvRendering.gup")
+    if (script_folder / INSTALLER_SCRIPT).is_file():
+        copy(script_folder / INSTALLER_SCRIPT, payload / BUNDLE / "Contents" / INSTALLER_SCRIPT)
     copy(deps / "7-Zip/7z.exe", payload / PRODUCT / "7-Zip/7z.exe")
     scripts = [s for s in sorted(script_folder.glob("*.ms*")) if s.suffix in (".ms", ".mse")]
     for script in scripts:
@@ -95,7 +99,9 @@ def installed_files(payload):
 
 def write_file_list(payload, target):
     """The two macros of the installer that name each file: what is installed, and what is removed again."""
-    install, remove = ["!macro InstallFiles"], ["!macro RemoveFiles"]
+    install = ["!macro InstallFiles"]
+    # The encrypted parser may have been made on the machine; of another version it must not stay.
+    remove = ["!macro RemoveFiles", f'  Delete "$Product\\script\\{PARSER}.mse"']
     for name in installed_files(payload):
         part = next(p for p in TARGETS if name.startswith(p + "/"))
         there = TARGETS[part] + "\\" + name[len(part) + 1:].replace("/", "\\")
@@ -156,7 +162,7 @@ def main():
     for result in (installer, portable, output / "SHA256SUMS"):
         print(f"{result.stat().st_size:9d}  {result.name}")
     if not (payload / PRODUCT / "script" / f"{PARSER}.mse").is_file():
-        print(f"note: {PARSER}.mse is not among the scripts; docs/development.md tells how it is made in 3ds Max")
+        print(f"note: {PARSER}.mse is not among the scripts, 3ds Max makes it at its first start: docs/scripts.md")
     return 0
 
 

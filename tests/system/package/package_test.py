@@ -71,15 +71,13 @@ def package(version, scripts):
 
 
 def script_folder(name, *more):
-    """The project's scripts, with the parser as 3ds Max would have encrypted it: the stand-in host only looks
-    whether it is there."""
+    """The project's scripts, and more files for a version that has more."""
     folder = WORK / name
     shutil.rmtree(folder, ignore_errors=True)
     folder.mkdir()
     for script in (*SCRIPTS, f"{PARSER}.ms"):
-        own = ROOT / "scripts" / script
-        (folder / script).write_bytes(own.read_bytes() if own.is_file() else b"-- a script\r\n")
-    for script in (f"{PARSER}.mse", *more):
+        (folder / script).write_bytes((ROOT / "scripts" / script).read_bytes())
+    for script in more:
         (folder / script).write_bytes(b"-- a script\r\n")
     return folder
 
@@ -97,7 +95,8 @@ def expected_product(scripts):
 
 def check_installed(version, scripts):
     need_same(files_below(PRODUCT), expected_product(scripts), f"product folder of {version}")
-    need_same(files_below(BUNDLE), {"PackageContents.xml", "Contents/OrvRendering.gup"}, f"bundle of {version}")
+    need_same(files_below(BUNDLE), {"PackageContents.xml", "Contents/OrvRendering.gup", "Contents/OrvInstallParser.ms"},
+              f"bundle of {version}")
     need((BUNDLE / "Contents/OrvRendering.gup").read_bytes() == (BIN / "OrvRendering.gup").read_bytes(),
          "the installed plug-in is not the one that was built")
     for folder in (*FOLDERS, f"log{version}"):
@@ -108,8 +107,10 @@ def check_installed(version, scripts):
     need(contents.find("CompanyDetails") is not None, "no company details")
     need({(r.get("SeriesMin"), r.get("SeriesMax")) for r in contents.iter("RuntimeRequirements")} == {("2019", "2019")},
          "the bundle is not for 2019 alone")
-    module = contents.find("Components/ComponentEntry").get("ModuleName")
-    need((BUNDLE / module).is_file(), f"the bundle names {module}, which is not there")
+    modules = [e.get("ModuleName") for e in contents.iter("ComponentEntry")]
+    need(len(modules) == 2, f"the bundle names {modules}")
+    for module in modules:
+        need((BUNDLE / module).is_file(), f"the bundle names {module}, which is not there")
     _, told = run("wine", "reg", "query", KEY, "/v", "DisplayVersion")
     need(f" {version}" in told, f"Windows' list of programs tells '{told.strip()}'")
     return contents.get("ProductCode"), contents.get("UpgradeCode")
@@ -215,6 +216,10 @@ def test():
     need(wine(older, "/S") == NEWER, "the older version was not refused")
     check_installed(VERSION, scripts)
 
+    print("-- the host makes the parser that the plug-in loads", flush=True)
+    need(wine(BIN / "standin-script.exe", BUNDLE / "Contents/OrvInstallParser.ms") == DONE, "the script failed")
+    need((PRODUCT / f"script/{PARSER}.mse").is_file(), "there is no parser")
+
     print("-- a scene is submitted from the installed bundle", flush=True)
     submit_a_scene(current)
     log = (PRODUCT / f"log{OLDER}/rud_http.log").read_text(errors="replace")
@@ -222,12 +227,20 @@ def test():
 
     print("-- removal keeps settings and logs", flush=True)
     need(uninstall() == DONE, "the uninstaller failed")
-    check_removed({"script/rud_plugin.ini", *(f"log{OLDER}/rud_{n}.log" for n in ("data", "ui", "http"))})
+    backup = "backup/studio.ms.1.backup"  # of a start-up script that the demo's submission cleaned
+    check_removed({"script/rud_plugin.ini", "log/OrvAntivirus.log", backup,
+                   *(f"log{OLDER}/rud_{n}.log" for n in ("data", "ui", "http"))})
 
-    print("-- removal with settings and logs leaves nothing", flush=True)
+    print("-- removal with settings and logs leaves the user's own files alone", flush=True)
     need(wine(current, "/S") == DONE, "the second installation failed")
     need("RENDER_CHANNEL_COLOR" in SETTINGS.read_text("ascii"), "the kept settings do not count")
     need(uninstall("/REMOVESETTINGS") == DONE, "the second removal failed")
+    check_removed({backup})
+
+    print("-- removal without such files leaves nothing", flush=True)
+    shutil.rmtree(PRODUCT)
+    need(wine(current, "/S") == DONE, "the third installation failed")
+    need(uninstall("/REMOVESETTINGS") == DONE, "the third removal failed")
     check_removed(set())
     need(not PRODUCT.exists(), "the product folder is still there")
 
