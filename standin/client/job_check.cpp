@@ -119,7 +119,7 @@ void CheckJobText(const std::string& text, const Json::Value& job, JobCheck& che
     CheckMembers(job, kJobMembers, "the job file", check.problems);
     if (job["name"] != check.body["scenePath"])
         check.problems.emplace_back("the job file's \"name\" is not the request's \"scenePath\"");
-    if (job.isMember("errors"))
+    if (!job["errors"].isNull())
         check.problems.emplace_back("the job file still has \"errors\"");
     if (job.isMember("cameras")) {
         if (!job["cameras"].isArray() || job["cameras"].empty())
