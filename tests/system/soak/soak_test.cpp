@@ -5,6 +5,7 @@
 #include "tests/system/flow/flow.h"
 #include "tests/system/host/process_counts.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 
@@ -92,8 +93,9 @@ TEST_F(Soak, HoldsAtItsEndWhatItHeldAfterTheFirstTen) {
               << "\n";
     EXPECT_LE(after.handles, before.handles + kTolerance);
     EXPECT_LE(after.gdiObjects, before.gdiObjects + kTolerance);
-    EXPECT_LE(after.windows, before.windows);
+    // A thread that Windows keeps for later work has two hidden windows of its own.
     EXPECT_LE(after.threads, before.threads + 1);
+    EXPECT_LE(after.windows, before.windows + 2 * std::max(0, after.threads - before.threads));
     expectNothingLostOrLeft({L"room..max"});
 }
 
