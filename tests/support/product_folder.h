@@ -23,8 +23,8 @@ public:
     void write(const std::wstring& suffix, const std::string& bytes) const;
     std::string read(const std::wstring& suffix) const;
 
-    // The product's scripts as an installation has them. The parser stands there as plain text under
-    // the name of the encrypted file; the stand-in host takes both.
+    // The product's scripts as an installation has them. The parser stands there as plain text
+    // under the name of the encrypted file; the stand-in host takes both.
     void installScripts() const;
 
     // Replaces the settings file by section "general" with these lines ("port=8080\r\n…").

@@ -14,7 +14,7 @@ ExpressionPtr Parser::function() {
 }
 
 std::shared_ptr<FunctionDefinition> Parser::functionDefinition() {
-    const auto made = std::make_shared<FunctionDefinition>();
+    auto made = std::make_shared<FunctionDefinition>();
     take();
     made->name = needName(L"a function");
     scopes_.enterFunction();

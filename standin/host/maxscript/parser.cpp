@@ -242,7 +242,8 @@ bool Parser::startsArgument() const {
     switch (token.kind) {
     case Token::Kind::Identifier:
         // A keyword argument may be called like a reserved word: to:file
-        return (isSymbol(L":", 1) && !token.beforeBlank) || ReservedWords().count(token.folded) == 0;
+        return (isSymbol(L":", 1) && !token.beforeBlank) ||
+               ReservedWords().count(token.folded) == 0;
     case Token::Kind::Symbol:
         if (token.text == L"-") {
             return token.afterBlank && !token.beforeBlank; // f -1, but not a - 1

@@ -38,11 +38,12 @@ struct SceneAttribute {
 // turned back into one, so that saving keeps what a script changed. Members of a wrong type are as
 // if they were not there.
 struct SceneState {
-    // Takes the scene's globals into `globals`.
-    void read(const Json::Value& description, Globals& globals);
+    // Reads a description; the scene's globals go into `globals`.
+    void read(const Json::Value& json, Globals& globals);
 
-    // The description with the nodes, callbacks, globals and attributes as they are now.
-    Json::Value write(const Json::Value& description, const Globals& globals) const;
+    // The description that was read, with the nodes, callbacks, globals and attributes as they are
+    // now.
+    Json::Value write(const Json::Value& before, const Globals& globals) const;
 
     // The nodes of a superclass, deleted ones left out; of every one for an empty text.
     std::vector<std::shared_ptr<SceneNode>> nodesOf(const std::wstring& superClass) const;

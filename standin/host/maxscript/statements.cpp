@@ -132,7 +132,7 @@ Value Try::evaluate(Frame& frame) const {
     } catch (const ScriptError& error) {
         const std::wstring outer = frame.interpreter.exception;
         frame.interpreter.exception = error.message();
-        const Value value = handler->value(frame);
+        Value value = handler->value(frame);
         frame.interpreter.exception = outer;
         return value;
     }

@@ -57,14 +57,14 @@ Value ScriptFunction::call(Interpreter& interpreter, const Arguments& arguments)
 }
 
 Value FunctionExpression::evaluate(Frame& frame) const {
-    const Value function(std::make_shared<ScriptFunction>(definition, nullptr));
+    Value function(std::make_shared<ScriptFunction>(definition, nullptr));
     if (variable) {
         variable->assign(frame, function);
     }
     return function;
 }
 
-Value StructDefinition::call(Interpreter& runs, const Arguments& arguments) {
+Value StructDefinition::call(Interpreter& caller, const Arguments& arguments) {
     const auto self = std::static_pointer_cast<StructDefinition>(shared_from_this());
     const auto instance = std::make_shared<StructInstance>(self);
     size_t given = 0;
@@ -79,7 +79,7 @@ Value StructDefinition::call(Interpreter& runs, const Arguments& arguments) {
         if (!named.is(Value::Kind::Unsupplied)) {
             instance->values[i] = named;
         } else if (member.preset) {
-            const auto frame = std::make_shared<Frame>(runs, member.slots, instance);
+            const auto frame = std::make_shared<Frame>(caller, member.slots, instance);
             instance->values[i] = member.preset->value(*frame);
         }
     }
@@ -94,7 +94,7 @@ Value StructDefinition::call(Interpreter& runs, const Arguments& arguments) {
         }
     }
     if (onCreate) {
-        const auto frame = std::make_shared<Frame>(runs, onCreateSlots, instance);
+        const auto frame = std::make_shared<Frame>(caller, onCreateSlots, instance);
         onCreate->value(*frame);
     }
     return Value(instance);
@@ -154,7 +154,7 @@ bool StructInstance::setProperty(const std::wstring& name, const Value& value) {
 
 Value StructExpression::evaluate(Frame& frame) const {
     definition->interpreter = &frame.interpreter;
-    const Value value(definition);
+    Value value(definition);
     variable->assign(frame, value);
     return value;
 }

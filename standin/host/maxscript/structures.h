@@ -64,7 +64,7 @@ class StructDefinition : public Object {
 public:
     std::wstring className() const override { return L"StructDef"; }
     std::wstring text() const override { return L"#Struct:" + name; }
-    Value call(Interpreter& interpreter, const Arguments& arguments) override;
+    Value call(Interpreter& caller, const Arguments& arguments) override;
     bool property(const std::wstring& member, Value& value) override; // its functions
 
     std::wstring name;

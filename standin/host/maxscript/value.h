@@ -28,13 +28,13 @@ public:
     };
 
     Value() = default;
-    Value(bool flag) : kind_(Kind::Boolean), integer_(flag ? 1 : 0) {}
-    Value(int number) : kind_(Kind::Integer), integer_(number) {}
-    Value(float number) : kind_(Kind::Float), real_(number) {}
-    Value(std::wstring text)
+    explicit Value(bool flag) : kind_(Kind::Boolean), integer_(flag ? 1 : 0) {}
+    explicit Value(int number) : kind_(Kind::Integer), integer_(number) {}
+    explicit Value(float number) : kind_(Kind::Float), real_(number) {}
+    explicit Value(std::wstring text)
         : kind_(Kind::Text), text_(std::make_shared<std::wstring>(std::move(text))) {}
-    Value(const wchar_t* text) : Value(std::wstring(text)) {}
-    Value(std::shared_ptr<Object> object);
+    explicit Value(const wchar_t* text) : Value(std::wstring(text)) {}
+    explicit Value(std::shared_ptr<Object> object);
 
     static Value name(std::wstring text);
     static Value special(Kind kind); // a kind without content
