@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""tidy.py BUILD_TREE STAMP_FOLDER: runs clang-tidy over the product's sources that GCC compiles.
+"""tidy.py BUILD_TREE STAMP_FOLDER [FOLDER...]: runs clang-tidy over the product's sources that GCC compiles,
+and over those of the further folders.
 
 A source that passed is looked at again only when it, a header of ours that it includes, or the
 configuration has changed since."""
@@ -15,7 +16,7 @@ from source_tree import ROOT
 
 COMPILER = "x86_64-w64-mingw32-g++-posix"
 CHECKED = ("base/", "resources/", "host/", "analysis/", "log/", "config/", "client/", "submit/", "ui/",
-           "plugin/", "standin/", "tests/tools/")
+           "plugin/")
 
 
 def system_includes():
@@ -28,17 +29,18 @@ def system_includes():
     return [folder for folder in folders if "/lib/gcc/" not in folder or "/c++" in folder]
 
 
-def sources_of(build_tree):
+def sources_of(build_tree, folders):
     entries = json.loads((build_tree / "compile_commands.json").read_text())
     for entry in entries:
         name = os.path.relpath(os.path.join(entry["directory"], entry["file"]), ROOT)
         command = entry.get("command") or " ".join(entry["arguments"])
-        if COMPILER in command.split()[0] and name.startswith(CHECKED) and name.endswith(".cpp"):
+        if COMPILER in command.split()[0] and name.startswith(folders) and name.endswith(".cpp"):
             yield name
 
 
 def main():
     build_tree, stamps = Path(sys.argv[1]), Path(sys.argv[2])
+    folders = CHECKED + tuple(sys.argv[3:])
     arguments = ["--extra-arg-before=--target=x86_64-w64-mingw32", "--extra-arg=-Wno-unknown-warning-option"]
     arguments += [f"--extra-arg=-isystem{folder}" for folder in system_includes()]
 
@@ -48,7 +50,7 @@ def main():
         return None if run.returncode == 0 else run.stdout + run.stderr
 
     configuration = (ROOT / ".clang-tidy").read_bytes() + " ".join(arguments).encode()
-    return check_sources(sorted(set(sources_of(build_tree))), configuration, stamps, check)
+    return check_sources(sorted(set(sources_of(build_tree, folders))), configuration, stamps, check)
 
 
 if __name__ == "__main__":
