@@ -107,6 +107,13 @@ void ModuleLog::rotate() {
     if (basePath_.empty())
         return;
     stream_.reset();
+    const std::string current = CutName(basePath_ + ".log");
+    // A file that another program holds cannot change its name, not even into the same one. Without
+    // this look each further line would push the old files on, until none of them is left.
+    if (std::rename(current.c_str(), current.c_str()) != 0) {
+        openStream();
+        return;
+    }
     for (std::int32_t number = fileCount_ - 1; number >= 1; --number) {
         const std::string name = OldName(basePath_, number);
         if (!Exists(name))
@@ -116,9 +123,8 @@ void ModuleLog::rotate() {
         else
             std::rename(name.c_str(), OldName(basePath_, number + 1).c_str());
     }
-    // Each of these fails when another program holds the file. Then the lines go on into the old
-    // file.
-    std::rename(CutName(basePath_ + ".log").c_str(), OldName(basePath_, 1).c_str());
+    // This fails when another program holds an old file. Then the lines go on into the same file.
+    std::rename(current.c_str(), OldName(basePath_, 1).c_str());
     openStream();
 }
 

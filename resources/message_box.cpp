@@ -32,8 +32,13 @@ WORD MessageBoxLanguage(const std::wstring& marker) {
 int ShowMessage(HWND owner, const std::wstring& text, const std::wstring& caption, UINT type,
                 const std::wstring& languageMarker) {
     const ActivationContextScope themedControls;
-    return ::MessageBoxExW(owner, text.c_str(), caption.c_str(), type,
-                           MessageBoxLanguage(languageMarker));
+    const WORD language = MessageBoxLanguage(languageMarker);
+    const int button = ::MessageBoxExW(owner, text.c_str(), caption.c_str(), type, language);
+    if (button > 0 || owner == nullptr || ::IsWindow(owner))
+        return button;
+    // The user closed the dialog while a submission ran: its end is told all the same.
+    return ::MessageBoxExW(nullptr, text.c_str(), caption.c_str(), type | MB_SETFOREGROUND,
+                           language);
 }
 
 int ShowMessage(HWND owner, const std::wstring& text, const std::wstring& caption, UINT type) {

@@ -38,16 +38,20 @@ std::wstring FolderOfThisProgram() {
     return whole.substr(0, whole.rfind(L'\\'));
 }
 
-// The pull-down menu of the product, null when the host has none.
-HMENU ProductMenu(HWND host) {
+// The pull-down menu of that title, null when the host has none.
+HMENU PullDown(HWND host, const wchar_t* wanted) {
     HMENU bar = ::GetMenu(host);
     for (int position = 0; position < ::GetMenuItemCount(bar); ++position) {
         wchar_t title[64] = {};
         ::GetMenuStringW(bar, static_cast<UINT>(position), title, 64, MF_BYPOSITION);
-        if (std::wstring(title) == kMenuTitle)
+        if (std::wstring(title) == wanted)
             return ::GetSubMenu(bar, position);
     }
     return nullptr;
+}
+
+HMENU ProductMenu(HWND host) {
+    return PullDown(host, kMenuTitle);
 }
 
 } // namespace
@@ -122,6 +126,11 @@ HWND PluginHost::openDialog() const {
         return found != nullptr || events("action_ended").size() == chosen_;
     });
     return found;
+}
+
+void PluginHost::save() const {
+    constexpr int kSave = 2; // behind Open and a line
+    ::PostMessageW(window_, WM_COMMAND, ::GetMenuItemID(PullDown(window_, L"&File"), kSave), 0);
 }
 
 bool PluginHost::waitForEnd() const {

@@ -50,6 +50,11 @@ public:
     // Whether every command chosen so far has come to its end by the deadline.
     bool waitForEnd() const;
 
+    // The host's main window, once it is started.
+    HWND window() const { return window_; }
+    // Chooses the host's own command to save the scene, without waiting.
+    void save() const;
+
     // The host's events of that name so far.
     std::vector<Json::Value> events(const std::string& name) const;
 

@@ -1,6 +1,7 @@
 #include "tests/system/host/process_counts.h"
 
 #include "base/handles.h"
+#include "tests/support/files.h"
 #include "tests/support/handle_count.h"
 
 #include <tlhelp32.h>
@@ -67,6 +68,29 @@ int CountWindows() {
     return count;
 }
 
+// What the process has mapped and committed, told by a walk over all of its addresses.
+void CountMemory(ProcessCounts& counts) {
+    MEMORY_BASIC_INFORMATION area = {};
+    const void* lastView = nullptr;
+    std::uint64_t privateBytes = 0;
+    for (const unsigned char* at = nullptr; VirtualQuery(at, &area, sizeof(area)) == sizeof(area);
+         at = static_cast<const unsigned char*>(area.BaseAddress) + area.RegionSize) {
+        if (area.Type == MEM_MAPPED && area.AllocationBase != lastView) {
+            lastView = area.AllocationBase;
+            ++counts.mappedViews;
+        }
+        if (area.Type == MEM_PRIVATE && area.State == MEM_COMMIT)
+            privateBytes += area.RegionSize;
+    }
+    counts.privateKib = static_cast<int>(privateBytes / 1024);
+}
+
+int CountTemporaryFiles() {
+    wchar_t folder[MAX_PATH + 1] = {};
+    GetTempPathW(MAX_PATH, folder);
+    return static_cast<int>(orv::test::ListFolder(folder).size());
+}
+
 } // namespace
 
 ProcessCounts CountProcess() {
@@ -75,10 +99,14 @@ ProcessCounts CountProcess() {
     counts.gdiObjects = CountGdiObjects();
     counts.threads = CountThreads();
     counts.windows = CountWindows();
+    counts.temporaryFiles = CountTemporaryFiles();
+    CountMemory(counts);
     return counts;
 }
 
 std::ostream& operator<<(std::ostream& out, const ProcessCounts& counts) {
     return out << counts.handles << " handles, " << counts.gdiObjects << " GDI objects, "
-               << counts.windows << " windows, " << counts.threads << " threads";
+               << counts.windows << " windows, " << counts.threads << " threads, "
+               << counts.mappedViews << " mapped views, " << counts.privateKib << " KiB of memory, "
+               << counts.temporaryFiles << " temporary files";
 }

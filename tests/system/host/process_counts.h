@@ -8,6 +8,9 @@ struct ProcessCounts {
     int gdiObjects = 0; // fonts, brushes, bitmaps, device contexts
     int windows = 0;    // top-level windows of this process, hidden ones included
     int threads = 0;
+    int mappedViews = 0;    // views of files and of shared memory
+    int privateKib = 0;     // committed memory of its own, in KiB
+    int temporaryFiles = 0; // in the folder for temporary files, folders too
 };
 
 // Throws std::runtime_error when the system does not answer.

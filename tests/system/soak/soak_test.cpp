@@ -1,7 +1,10 @@
-// Many submissions in one host, one after the other: what is held at the end is what was held after
-// the first round of them.
+// Many submissions in one host, and many analyses, one after the other: what is held at the end is
+// what was held after the first ten.
+#include "analysis/report_reader.h"
 #include "resources/controls.h"
 #include "resources/texts.h"
+#include "standin/host/maxscript_runner.h"
+#include "standin/host/text.h"
 #include "tests/system/flow/flow.h"
 #include "tests/system/host/process_counts.h"
 
@@ -17,6 +20,17 @@ namespace {
 constexpr int kFirst = 10;
 // Of handles, GDI objects, windows and threads together that Windows itself opens late.
 constexpr int kTolerance = 5;
+// Of memory in KiB, whatever the number of submissions: what heaps keep for later, and what the
+// test and the host themselves remember of their events.
+constexpr int kMemoryTolerance = 8192;
+// Three logs of at most 5 MB, each with at most five older ones.
+constexpr std::uint64_t kLargestLogs = 3U * 6U * (5U << 20);
+
+int Analyses() {
+    const char* const text = std::getenv("ORV_SOAK_ANALYSES");
+    const int count = text == nullptr ? 0 : std::atoi(text);
+    return count > kFirst ? count : 500;
+}
 
 int Submissions() {
     const char* const text = std::getenv("ORV_SOAK_SUBMISSIONS");
@@ -32,6 +46,15 @@ protected:
         ASSERT_NE(dialog_, nullptr);
         ClickCheckBox(dialog_, IDC_CAMERAS, 0);
         Type(dialog_, IDC_SCENE_NAME, sceneName);
+    }
+
+    void expectBoundedLogs() const {
+        const std::wstring folder = host_.product.path(L"/log1.3.7");
+        std::uint64_t bytes = 0;
+        for (const std::wstring& name : ListFolder(folder))
+            bytes += ReadFileBytes(folder + L"\\" + name).size();
+        EXPECT_LE(bytes, kLargestLogs);
+        EXPECT_GT(bytes, 0U);
     }
 
     void close() {
@@ -91,12 +114,51 @@ TEST_F(Soak, HoldsAtItsEndWhatItHeldAfterTheFirstTen) {
     const ProcessCounts after = CountProcess();
     std::cout << "after " << kFirst << ": " << before << "\nafter " << count << ": " << after
               << "\n";
+    EXPECT_LE(after.mappedViews, before.mappedViews + kTolerance);
+    EXPECT_LE(after.privateKib, before.privateKib + kMemoryTolerance);
+    EXPECT_EQ(after.temporaryFiles, before.temporaryFiles);
+    expectBoundedLogs();
     EXPECT_LE(after.handles, before.handles + kTolerance);
     EXPECT_LE(after.gdiObjects, before.gdiObjects + kTolerance);
     // A thread that Windows keeps for later work has two hidden windows of its own.
     EXPECT_LE(after.threads, before.threads + 1);
     EXPECT_LE(after.windows, before.windows + 2 * std::max(0, after.threads - before.threads));
     expectNothingLostOrLeft({L"room..max"});
+}
+
+// The parser in the host and the reader of its report, without the dialog.
+TEST(SoakOfAnalyses, HoldsAtItsEndWhatItHeldAfterTheFirstTen) {
+    TestProductFolder product;
+    product.installScripts();
+    const TemporaryFolder folder;
+    standin::Scene scene;
+    std::string error;
+    ASSERT_TRUE(
+        scene.describe(R"({"cameras": ["A", "B"], "external_files": ["D:\\a.png"]})", error));
+    standin::MaxscriptRunner runner(
+        scene, [](const std::wstring&) { return std::wstring(); }, [](const std::wstring&) {});
+    const std::wstring report = folder.file(L"report.ret");
+    const std::wstring script = L"fileIn \"" + product.path(L"/script/MaxRenderGlobalsParser.mse") +
+                                L"\"\ngMax.analysis @\"" + report + L"\" \"\"";
+    ProcessCounts before;
+    const int count = Analyses();
+    for (int i = 1; i <= count; ++i) {
+        ASSERT_TRUE(runner.run(script).ok);
+        SceneAnalysis analysis;
+        analysis.reportText = standin::ToWide(ReadFileBytes(report));
+        ASSERT_EQ(ReadAnalysisReport(analysis), kReportRead);
+        ASSERT_EQ(analysis.cameras.size(), 2U);
+        if (i == kFirst)
+            before = CountProcess();
+    }
+    const ProcessCounts after = CountProcess();
+    std::cout << "after " << kFirst << " analyses: " << before << "\nafter " << count
+              << " analyses: " << after << "\n";
+    EXPECT_LE(after.handles, before.handles + kTolerance);
+    EXPECT_LE(after.mappedViews, before.mappedViews + kTolerance);
+    EXPECT_LE(after.privateKib, before.privateKib + kMemoryTolerance);
+    EXPECT_EQ(after.temporaryFiles, before.temporaryFiles);
+    EXPECT_EQ(after.threads, before.threads);
 }
 
 } // namespace

@@ -194,5 +194,52 @@ TEST_F(LogRotation, DoesNotRenameAFileWithALongerName) {
     EXPECT_EQ(files().size(), 2U);
 }
 
+// A person who looks at the log while the product writes: between two looks the file is free,
+// during them it is held. Lines have numbers, so that a lost one shows.
+TEST_F(LogRotation, OverAHundredMegabytesKeepsItsLimitsWhileAnotherReads) {
+    constexpr std::size_t kLine = 20000;
+    constexpr int kLines = static_cast<int>(100 * kMebibyte / kLine) + 1;
+    constexpr std::size_t kLimit = 5;
+    ModuleLog log("rud_test", static_cast<std::int32_t>(kLimit), 5, 0);
+    const std::string filler(kLine, 'x');
+    FileHandle reader;
+    for (int i = 1; i <= kLines; ++i) {
+        if (i % 100 == 1) {
+            reader.reset(::CreateFileW(product.path(L"/log/rud_test.log").c_str(), GENERIC_READ,
+                                       FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                       FILE_ATTRIBUTE_NORMAL, nullptr));
+        } else if (i % 100 == 61) {
+            reader.reset();
+        }
+        log.write(std::to_string(i) + " " + filler, kInfo);
+    }
+    reader.reset();
+    const Names names = files();
+    ASSERT_GE(names.size(), 2U);
+    ASSERT_LE(names.size(), 5U);
+    // The newest file first, each older one behind it: the numbers go down without a gap.
+    int expected = kLines;
+    for (const std::wstring& name : names) {
+        const std::string content = product.read(L"/log/" + name);
+        // While the file is held it cannot change places, and no line is refused for that.
+        EXPECT_LE(content.size(), (kLimit * kMebibyte) + 70 * (kLine + 64)) << names.size();
+        int first = 0;
+        int last = 0;
+        int count = 0;
+        for (std::size_t at = content.find("[INFO] "); at != std::string::npos;
+             at = content.find("[INFO] ", at + 1)) {
+            last = std::atoi(content.c_str() + at + 7);
+            first = first == 0 ? last : first;
+            ++count;
+        }
+        if (count == 0)
+            continue; // it changed places with the last line
+        EXPECT_EQ(last, expected);
+        EXPECT_EQ(count, last - first + 1);
+        expected = first - 1;
+    }
+    EXPECT_LT(expected, kLines - 1000) << "what is kept is worth keeping";
+}
+
 } // namespace
 } // namespace orv
