@@ -11,25 +11,33 @@ size_t LastSeparator(const std::wstring& path) {
 
 } // namespace
 
-std::string ToUtf8(const std::wstring& text) {
+std::string ToBytes(const std::wstring& text, unsigned codePage) {
     const int length = static_cast<int>(text.size());
     const int need =
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string utf8(static_cast<size_t>(need), '\0');
+        WideCharToMultiByte(codePage, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string bytes(static_cast<size_t>(need), '\0');
     if (need > 0) {
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), length, &utf8[0], need, nullptr, nullptr);
+        WideCharToMultiByte(codePage, 0, text.data(), length, &bytes[0], need, nullptr, nullptr);
     }
-    return utf8;
+    return bytes;
+}
+
+std::wstring FromBytes(const std::string& bytes, unsigned codePage) {
+    const int length = static_cast<int>(bytes.size());
+    const int need = MultiByteToWideChar(codePage, 0, bytes.data(), length, nullptr, 0);
+    std::wstring text(static_cast<size_t>(need), L'\0');
+    if (need > 0) {
+        MultiByteToWideChar(codePage, 0, bytes.data(), length, &text[0], need);
+    }
+    return text;
+}
+
+std::string ToUtf8(const std::wstring& text) {
+    return ToBytes(text, CP_UTF8);
 }
 
 std::wstring ToWide(const std::string& utf8) {
-    const int length = static_cast<int>(utf8.size());
-    const int need = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, nullptr, 0);
-    std::wstring text(static_cast<size_t>(need), L'\0');
-    if (need > 0) {
-        MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, &text[0], need);
-    }
-    return text;
+    return FromBytes(utf8, CP_UTF8);
 }
 
 bool SameText(const std::wstring& left, const std::wstring& right) {

@@ -12,6 +12,11 @@ namespace standin {
 std::string ToUtf8(const std::wstring& text);
 std::wstring ToWide(const std::string& utf8);
 
+// The same for a code page of Windows; CP_ACP is the system's own. What the page lacks becomes its
+// question mark.
+std::string ToBytes(const std::wstring& text, unsigned codePage);
+std::wstring FromBytes(const std::string& bytes, unsigned codePage);
+
 // True when both texts are equal apart from upper and lower case.
 bool SameText(const std::wstring& left, const std::wstring& right);
 

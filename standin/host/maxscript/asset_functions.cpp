@@ -8,13 +8,12 @@ namespace standin {
 namespace maxscript {
 namespace {
 
-Value Asset(const SceneState& state, const SceneAsset& asset) {
+Value Asset(const SceneAsset& asset) {
     const auto record = std::make_shared<Record>(L"AssetUser");
     const std::wstring path = asset.path;
     const std::wstring type = asset.type;
     // A file that is missing has no full path.
     const std::wstring full = asset.state < 0 ? L"" : path;
-    static_cast<void>(state);
     record->add(L"GetFileName", 0, 0,
                 [path](Interpreter&, const Arguments&) { return Value(path); });
     record->add(L"GetFullFilePath", 0, 0,
@@ -34,7 +33,7 @@ Value AssetManager(const SceneState& state) {
         if (index < 1 || static_cast<size_t>(index) > state.assets.size()) {
             throw ScriptError(L"AssetManager: no asset of that index: " + ToText(a.values[0]));
         }
-        return Asset(state, state.assets[static_cast<size_t>(index) - 1]);
+        return Asset(state.assets[static_cast<size_t>(index) - 1]);
     });
     return Value(record);
 }

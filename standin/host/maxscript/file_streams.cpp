@@ -36,14 +36,7 @@ std::string Encoded(const std::wstring& text, Encoding encoding) {
         return std::string(reinterpret_cast<const char*>(text.data()),
                            text.size() * sizeof(wchar_t));
     }
-    const int length = static_cast<int>(text.size());
-    const int needed =
-        WideCharToMultiByte(CP_ACP, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<size_t>(needed), '\0');
-    if (needed > 0) {
-        WideCharToMultiByte(CP_ACP, 0, text.data(), length, &bytes[0], needed, nullptr, nullptr);
-    }
-    return bytes;
+    return ToBytes(text, CP_ACP);
 }
 
 class FileStream : public TextSink {

@@ -12,16 +12,6 @@ namespace {
 
 constexpr int kDeepestEvaluation = 1500;
 
-std::wstring FromCodePage(const std::string& bytes) {
-    const int length = static_cast<int>(bytes.size());
-    const int needed = MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0);
-    std::wstring text(static_cast<size_t>(needed), L'\0');
-    if (needed > 0) {
-        MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, &text[0], needed);
-    }
-    return text;
-}
-
 // A file without a byte-order mark is read in the system's code page, as in the host.
 std::wstring Decoded(const std::string& bytes) {
     if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0) {
@@ -36,7 +26,7 @@ std::wstring Decoded(const std::string& bytes) {
         }
         return text;
     }
-    return FromCodePage(bytes);
+    return FromBytes(bytes, CP_ACP);
 }
 
 } // namespace

@@ -31,7 +31,7 @@ TEST(Paths, AreTakenApartAtTheLaterSeparator) {
 
 TEST(FullPaths, BeginAtADriveOrAComputer) {
     for (const wchar_t* path : {L"D:\\", L"D:\\a b\\c", L"d:/a\\b/", L"\\\\farm\\out",
-                                L"//farm/out", L"C:\\ProgramData/Orv", L"D:\\\x8F93\x51FA",
+                                L"//server/out", L"C:\\ProgramData/Orv", L"D:\\\x8F93\x51FA",
                                 L"D:\\-sdel", L"D:\\@list", L"D:\\it's \u201Cso\u201D"})
         EXPECT_TRUE(IsFullPath(path)) << ::testing::PrintToString(std::wstring(path));
 }
@@ -59,7 +59,7 @@ TEST(FullPaths, AreNoneThatDependOnAnythingOrHoldWhatNamesCannot) {
                                 L"D:\\a\nb",
                                 L"D:\\a\x01",
                                 L" D:\\a",
-                                L"http://farm/out"})
+                                L"http://server/out"})
         EXPECT_FALSE(IsFullPath(path)) << ::testing::PrintToString(std::wstring(path));
 }
 
