@@ -14,7 +14,7 @@ dev_build() {
 configure() {
   local tree=$build_dir/$1
   case "$1" in
-    mingw | mingw-debug) ;;
+    mingw | mingw-debug | mingw-coverage) ;;
     *) fail "there is no preset '$1'" "use mingw or mingw-debug" ;;
   esac
   if [ -e "$tree/CMakeCache.txt" ] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$tree/CMakeCache.txt"; then
@@ -26,7 +26,7 @@ configure() {
 
 dev_clean() {
   case "${1:-}" in
-    '') rm -rf "$build_dir/mingw" "$build_dir/mingw-debug" "$build_dir/lint" "$build_dir/demo" ;;
+    '') rm -rf "$build_dir/mingw" "$build_dir/mingw-debug" "$build_dir/mingw-coverage" "$build_dir/lint" "$build_dir/demo" ;;
     all)
       end_wine
       rm -rf "$build_dir"
