@@ -85,8 +85,7 @@ void MaxscriptRunner::takeScene() {
 
 void MaxscriptRunner::returnScene() {
     if (state_.changed) {
-        state_.changed = false;
-        state_.description = state_.write(state_.description, interpreter_.globals());
+        state_.settle(interpreter_.globals());
         scene_.change(state_.description.toStyledString());
     }
 }

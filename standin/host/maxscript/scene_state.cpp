@@ -122,7 +122,8 @@ void SceneState::read(const Json::Value& json, Globals& globals) {
     objectXrefs = XRefs(List(json, "object_xrefs"), kDeepestXRef);
     for (const Json::Value& each : List(json, "callbacks")) {
         callbacks.push_back({Text(each, "type", L"filePostOpen"), Text(each, "id"),
-                             Text(each, "script"), Member(each, "persistent").isBool()});
+                             Text(each, "script"),
+                             Member(each, "persistent") == Json::Value(true)});
     }
     for (const Json::Value& each : List(json, "custom_attributes")) {
         attributes.push_back({Text(each, "name"), Text(each, "source")});
@@ -144,7 +145,8 @@ void SceneState::read(const Json::Value& json, Globals& globals) {
     }
 }
 
-Json::Value SceneState::write(const Json::Value& before, const Globals& globals) const {
+Json::Value SceneState::write(const Globals& globals) const {
+    const Json::Value& before = description;
     Json::Value json = before;
     Json::Value nodeList(Json::arrayValue);
     Json::Value cameras(Json::arrayValue);
@@ -205,6 +207,13 @@ Json::Value SceneState::write(const Json::Value& before, const Globals& globals)
         }
     }
     return json;
+}
+
+void SceneState::settle(const Globals& globals) {
+    description = write(globals);
+    changed = false;
+    const auto isDeleted = [](const std::shared_ptr<SceneNode>& node) { return node->isDeleted(); };
+    nodes.erase(std::remove_if(nodes.begin(), nodes.end(), isDeleted), nodes.end());
 }
 
 std::vector<std::shared_ptr<SceneNode>> SceneState::nodesOf(const std::wstring& superClass) const {

@@ -41,9 +41,10 @@ struct SceneState {
     // Reads a description; the scene's globals go into `globals`.
     void read(const Json::Value& json, Globals& globals);
 
-    // The description that was read, with the nodes, callbacks, globals and attributes as they are
-    // now.
-    Json::Value write(const Json::Value& before, const Globals& globals) const;
+    // Brings `description` up to the nodes, callbacks, globals and attributes as they are now, and
+    // forgets the nodes that were deleted. Of cameras and objects in their short form only the
+    // deletion counts.
+    void settle(const Globals& globals);
 
     // The nodes of a superclass, deleted ones left out; of every one for an empty text.
     std::vector<std::shared_ptr<SceneNode>> nodesOf(const std::wstring& superClass) const;
@@ -59,7 +60,11 @@ struct SceneState {
     std::vector<SceneAttribute> attributes;
     std::vector<std::wstring> globalNames; // that came with the scene
     Json::Value description;
-    bool changed = false; // by a script, since it was read
+    bool changed = false; // by a script, since it was read or settled
+
+private:
+    // `description` with what scripts changed. The nodes stand in the order of its three lists.
+    Json::Value write(const Globals& globals) const;
 };
 
 } // namespace maxscript

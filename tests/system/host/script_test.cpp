@@ -92,6 +92,20 @@ TEST_F(Scripts, WhatAScriptChangesOfTheSceneIsSavedWithIt) {
     EXPECT_NE(scene.descriptionText().find("kept"), std::string::npos);
 }
 
+TEST_F(Scripts, WhatOneScriptDeletedTheNextDoesNotMistakeForAnother) {
+    describe(R"({"cameras": ["A", "B", "C"], "objects": ["Box"], "nodes": [{"name": "N"}],
+        "callbacks": [{"id": "kept", "persistent": false}]})");
+    ASSERT_TRUE(runner.run(L"delete cameras[1]").ok);
+    ASSERT_TRUE(runner.run(L"delete cameras[1]").ok);
+    Json::Value saved;
+    std::istringstream(scene.descriptionText()) >> saved;
+    ASSERT_EQ(saved["cameras"].size(), 1U);
+    EXPECT_EQ(saved["cameras"][0], "C");
+    EXPECT_EQ(saved["objects"][0], "Box");
+    EXPECT_EQ(saved["nodes"].size(), 1U);
+    EXPECT_FALSE(saved["callbacks"][0].isMember("persistent"));
+}
+
 TEST_F(Scripts, AReportThatCannotBeWrittenIsAnError) {
     report = folder.file(L"no folder\\report.ret");
     EXPECT_FALSE(analyse().ok);
