@@ -12,6 +12,10 @@ if(NOT MSVC)
   set(ORV_HOST_LAYOUT_FLAGS
     --target=x86_64-pc-windows-msvc -std=c++14 -fno-exceptions -fms-extensions -fno-ms-compatibility
     -fgnuc-version=12.2.0 -nostdinc++ -isystem ${ORV_WINDOWS_HEADERS}
+    # The guard of a local static is a thread-local variable, and the GNU linker gives those relocations
+    # that Windows misapplies when it moves the library (docs/host-layout.md).
+    -fno-threadsafe-statics
+    -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror -fno-strict-aliasing
     # The host's interfaces hide overloads of their bases and pass through extensions of Visual C++.
     -Wno-microsoft -Wno-overloaded-virtual
@@ -19,7 +23,7 @@ if(NOT MSVC)
   if(CMAKE_BUILD_TYPE STREQUAL "Debug")
     list(APPEND ORV_HOST_LAYOUT_FLAGS -O0 -gdwarf-4)
   else()
-    list(APPEND ORV_HOST_LAYOUT_FLAGS -O2 -DNDEBUG)
+    list(APPEND ORV_HOST_LAYOUT_FLAGS -O2 -DNDEBUG -gdwarf-4)
   endif()
   set_property(GLOBAL PROPERTY ORV_HOST_LAYOUT_COMMANDS "")
 endif()

@@ -4,6 +4,7 @@ function(orv_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC orv_options ${ARG_USES})
+  orv_reproducible(${name})
 endfunction()
 
 # What nearly every test includes, compiled once for all test programs. A compiler cache does better with

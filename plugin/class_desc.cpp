@@ -50,7 +50,23 @@ HINSTANCE Orv_RenderingClassDesc::HInstance() {
     return hInstance;
 }
 
+namespace {
+
+// InitOnceExecuteOnce lets one thread build the descriptor and makes every other one wait. A local
+// static's own guard is a thread-local variable, which objects of the host's layout must not have
+// (docs/host-layout.md).
+INIT_ONCE descriptorOnce = INIT_ONCE_STATIC_INIT;
+
+BOOL CALLBACK BuildDescriptor(PINIT_ONCE, PVOID, PVOID* built) {
+    static Orv_RenderingClassDesc descriptor; // destroyed when the library is unloaded
+    *built = static_cast<ClassDesc2*>(&descriptor);
+    return TRUE;
+}
+
+} // namespace
+
 ClassDesc2* GetOrv_RenderingDesc() {
-    static Orv_RenderingClassDesc descriptor;
-    return &descriptor;
+    PVOID descriptor = nullptr;
+    InitOnceExecuteOnce(&descriptorOnce, BuildDescriptor, nullptr, &descriptor);
+    return static_cast<ClassDesc2*>(descriptor);
 }

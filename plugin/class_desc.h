@@ -20,5 +20,5 @@ public:
     HINSTANCE HInstance() override;
 };
 
-// The one descriptor, built when it is first asked for.
+// The one descriptor, built on the first call, by one thread.
 ClassDesc2* GetOrv_RenderingDesc();

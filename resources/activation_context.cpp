@@ -10,12 +10,13 @@ namespace {
 // own: message boxes and dialogs are rare, and so nothing has to be given back when the library
 // goes.
 HANDLE CreatePluginContext() {
-    if (hInstance == nullptr)
+    const HINSTANCE module = orv_resource_module();
+    if (module == nullptr)
         return INVALID_HANDLE_VALUE; // the flag below would then mean the host's program file
     ACTCTXW description{};
     description.cbSize = sizeof(description);
     description.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
-    description.hModule = hInstance;
+    description.hModule = module;
     description.lpResourceName = ISOLATIONAWARE_MANIFEST_RESOURCE_ID;
     return ::CreateActCtxW(&description);
 }

@@ -18,10 +18,11 @@ constexpr WORD kNotEnglish = 1;
 } // namespace
 
 std::wstring ResourceText(unsigned id) {
-    if (hInstance == nullptr)
+    const HINSTANCE module = orv_resource_module();
+    if (module == nullptr)
         return {};
     wchar_t buffer[kTextSize];
-    const int length = ::LoadStringW(hInstance, id, buffer, kTextSize);
+    const int length = ::LoadStringW(module, id, buffer, kTextSize);
     return length > 0 ? std::wstring(buffer, static_cast<std::size_t>(length)) : std::wstring();
 }
 

@@ -1,8 +1,8 @@
 #include "resources/text.h"
 
-HINSTANCE hInstance = nullptr;
-
 namespace {
+
+HINSTANCE resourceModule = nullptr;
 
 // One text of a language resource at most, its closing zero included.
 constexpr int kTextSize = 256;
@@ -11,12 +11,20 @@ wchar_t resourceText1[kTextSize];
 wchar_t resourceText2[kTextSize];
 
 const wchar_t* LoadInto(wchar_t* buffer, unsigned id) {
-    if (hInstance == nullptr)
+    if (resourceModule == nullptr)
         return nullptr;
-    return ::LoadStringW(hInstance, id, buffer, kTextSize) != 0 ? buffer : nullptr;
+    return ::LoadStringW(resourceModule, id, buffer, kTextSize) != 0 ? buffer : nullptr;
 }
 
 } // namespace
+
+void orv_set_resource_module(HINSTANCE module) {
+    resourceModule = module;
+}
+
+HINSTANCE orv_resource_module(void) {
+    return resourceModule;
+}
 
 const wchar_t* loadResourceString(unsigned id) {
     return LoadInto(resourceText1, id);

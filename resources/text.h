@@ -6,8 +6,10 @@
 
 extern "C" {
 
-// The library's own module, stored once at load. Every lookup goes through it.
-extern HINSTANCE hInstance;
+// The module whose resources are the product's: the library's own, which its entry stores once at
+// load (a test program stores itself). Null before that. Every lookup goes through it.
+void orv_set_resource_module(HINSTANCE module);
+HINSTANCE orv_resource_module(void);
 
 // The text of number `id` in a buffer of 256 characters that the next call of the same function
 // overwrites; null when no module is stored yet or the number has no text. For the host's thread

@@ -15,9 +15,9 @@ setup_wine_prefix() {
     step "create the Wine prefix" create_wine_prefix
     printf '%s\n' "$recipe" >"$WINEPREFIX/orv-created"
   fi
-  if ! cmp -s "$root/tools/wine-fonts.reg" "$WINEPREFIX/orv-fonts.reg"; then
-    step "set the fonts of the Wine prefix" set_wine_fonts
-    cp "$root/tools/wine-fonts.reg" "$WINEPREFIX/orv-fonts.reg"
+  if ! cmp -s "$root/tools/wine-prefix.reg" "$WINEPREFIX/orv-prefix.reg"; then
+    step "set version and fonts of the Wine prefix" set_up_wine_prefix
+    cp "$root/tools/wine-prefix.reg" "$WINEPREFIX/orv-prefix.reg"
   fi
 }
 
@@ -30,11 +30,11 @@ create_wine_prefix() {
 
 # Debian's Wine does not look where Debian keeps Wine's own fonts: without them a window's caption
 # buttons show as digits.
-set_wine_fonts() {
+set_up_wine_prefix() {
   ln -sf /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
   start_display 800x600
   at_end end_wine
-  wine regedit /S "$(windows_path "$root/tools/wine-fonts.reg")"
+  wine regedit /S "$(windows_path "$root/tools/wine-prefix.reg")"
   wineserver -w
 }
 

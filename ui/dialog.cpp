@@ -30,7 +30,7 @@ INT_PTR Dialog::run(int templateId, HWND owner, LPARAM parameter) {
     RegisterControlClasses();
     Dialog* const outer = starting; // null unless a dialog opens another before its first message
     starting = this;
-    INT_PTR result = ::DialogBoxParamW(hInstance, MAKEINTRESOURCEW(templateId), owner,
+    INT_PTR result = ::DialogBoxParamW(orv_resource_module(), MAKEINTRESOURCEW(templateId), owner,
                                        &Dialog::procedure, parameter);
     const DWORD error = ::GetLastError();
     if (starting ==

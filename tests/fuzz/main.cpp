@@ -150,7 +150,7 @@ int Main(int argc, char** argv) {
                      "usage: orv_fuzz [--target NAME] [--seed N] [--first N] [--inputs N]\n");
         return 2;
     }
-    hInstance = ::GetModuleHandleW(nullptr);
+    orv_set_resource_module(::GetModuleHandleW(nullptr));
     ::SetUnhandledExceptionFilter(OnFault);
     std::signal(SIGABRT, OnAbort);
     // The settings are the only target that lives in the product folder. The others may run beside

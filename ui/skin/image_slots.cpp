@@ -20,7 +20,7 @@ int StateImageSize(int dotsPerInch) {
 
 void DrawStateImage(HDC target, const RECT& area, bool on) {
     SkinImage image;
-    if (!image.load(hInstance, on ? IDP_PADLOCK_OPEN : IDP_PADLOCK_CLOSED, L"PNG"))
+    if (!image.load(orv_resource_module(), on ? IDP_PADLOCK_OPEN : IDP_PADLOCK_CLOSED, L"PNG"))
         return;
     // What the control showed before would shine through.
     ::FillRect(target, &area, ::GetSysColorBrush(COLOR_3DFACE));

@@ -2,6 +2,7 @@
 #include "max.h"
 // max.h first
 #include "gup.h"
+#include "library_file.h"
 #include "standin/sdk/include/standin/gup.h"
 #include "standin/sdk/include/standin/host_services.h"
 
@@ -30,20 +31,6 @@ struct Entries {
 const char* const kEntryNames[] = {"LibDescription", "LibNumberClasses", "LibClassDesc",
                                    "LibVersion",     "LibInitialize",    "LibShutdown"};
 const int kEntryCount = sizeof(kEntryNames) / sizeof(kEntryNames[0]);
-
-struct Reason {
-    wchar_t* text;
-    int capacity;
-    void operator()(const wchar_t* format, ...) const {
-        if (!text || capacity <= 0)
-            return;
-        va_list arguments;
-        va_start(arguments, format);
-        _vsnwprintf(text, static_cast<size_t>(capacity), format, arguments);
-        text[capacity - 1] = 0;
-        va_end(arguments);
-    }
-};
 
 bool FindEntries(HMODULE module, Entries& entries, const Reason& reason) {
     FARPROC found[kEntryCount];
@@ -133,16 +120,27 @@ bool Open(standin_plugin& plugin, const Reason& reason) {
     return StartUtilities(plugin, entries, reason);
 }
 
+// Loads the library anywhere but at the place that it prefers: with address randomisation Windows
+// does so always, and a library that cannot be moved has to fail here as it would there.
+HMODULE LoadMoved(const wchar_t* path, const Reason& reason) {
+    const LibraryFile file(path);
+    if (!file.isReadable(reason) || !file.hasItsImports(reason))
+        return nullptr;
+    const TakenPlace taken(file.preferredBase());
+    const HMODULE module = LoadLibraryW(path);
+    if (!module)
+        reason(L"the library cannot be loaded, error %lu", GetLastError());
+    return module;
+}
+
 } // namespace
 
 standin_plugin* standin_plugin_load(const wchar_t* path, wchar_t* reason, int capacity) {
     const Reason why = {reason, capacity};
     why(L"");
-    HMODULE module = LoadLibraryW(path);
-    if (!module) {
-        why(L"the library cannot be loaded, error %lu", GetLastError());
+    HMODULE module = LoadMoved(path, why);
+    if (!module)
         return nullptr;
-    }
     standin_plugin* plugin = new standin_plugin;
     plugin->module = module;
     if (Open(*plugin, why))

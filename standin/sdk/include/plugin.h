@@ -2,3 +2,5 @@
 #pragma once
 
 #include "plugapi.h"
+
+extern HINSTANCE hInstance;

@@ -4,6 +4,6 @@
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    hInstance = ::GetModuleHandleW(nullptr); // the test program carries the language resources
+    orv_set_resource_module(::GetModuleHandleW(nullptr)); // the test program carries the language resources
     return RUN_ALL_TESTS();
 }

@@ -8,7 +8,7 @@ static void RegisterHostControls() {
     WNDCLASSEXW control = {};
     control.cbSize = sizeof control;
     ::GetClassInfoExW(nullptr, L"EDIT", &control);
-    control.hInstance = hInstance;
+    control.hInstance = orv_resource_module();
     control.lpszClassName = L"CustEdit";
     ::RegisterClassExW(&control);
     control.lpfnWndProc = ::DefWindowProcW;
@@ -18,7 +18,7 @@ static void RegisterHostControls() {
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    hInstance = ::GetModuleHandleW(nullptr); // the program carries the plug-in's resources
+    orv_set_resource_module(::GetModuleHandleW(nullptr)); // the program carries the plug-in's resources
     RegisterHostControls();
     return RUN_ALL_TESTS();
 }

@@ -60,7 +60,7 @@ TEST(SkinImage, IsSixteenPixelsSquareWithAnAlphaChannel) {
     ASSERT_TRUE(gdiplus.started());
     for (const int id : {IDP_PADLOCK_OPEN, IDP_PADLOCK_CLOSED}) {
         SkinImage image;
-        ASSERT_TRUE(image.load(hInstance, id, L"PNG")) << id;
+        ASSERT_TRUE(image.load(orv_resource_module(), id, L"PNG")) << id;
         EXPECT_EQ(image.width(), 16);
         EXPECT_EQ(image.height(), 16);
         EXPECT_EQ(image.bitsPerPixel(), 32);
@@ -75,12 +75,12 @@ TEST(SkinImage, IsSixteenPixelsSquareWithAnAlphaChannel) {
 TEST(SkinImage, IsEmptyWithoutItsResourceAndAfterADamagedOne) {
     const GdiplusSession gdiplus;
     SkinImage image;
-    EXPECT_FALSE(image.load(hInstance, 111, L"PNG"));
+    EXPECT_FALSE(image.load(orv_resource_module(), 111, L"PNG"));
     EXPECT_FALSE(image);
-    ASSERT_TRUE(image.load(hInstance, IDP_PADLOCK_OPEN, L"PNG"));
+    ASSERT_TRUE(image.load(orv_resource_module(), IDP_PADLOCK_OPEN, L"PNG"));
     EXPECT_TRUE(image);
     // The bytes of a dialog are no picture.
-    EXPECT_FALSE(image.load(hInstance, IDD_MAIN, MAKEINTRESOURCEW(5)));
+    EXPECT_FALSE(image.load(orv_resource_module(), IDD_MAIN, MAKEINTRESOURCEW(5)));
     EXPECT_FALSE(image);
     EXPECT_EQ(image.firstRow(), nullptr);
     EXPECT_EQ(image.width(), 0);
@@ -96,7 +96,7 @@ TEST(SkinImage, IsEmptyWithoutItsResourceAndAfterADamagedOne) {
 TEST(SkinImage, IsDrawnWithItsTransparency) {
     const GdiplusSession gdiplus;
     SkinImage image;
-    ASSERT_TRUE(image.load(hInstance, IDP_PADLOCK_CLOSED, L"PNG"));
+    ASSERT_TRUE(image.load(orv_resource_module(), IDP_PADLOCK_CLOSED, L"PNG"));
     const Canvas canvas;
     image.draw(canvas.dc(), {0, 0, 16, 16});
     EXPECT_EQ(canvas.at(4, 12), kClosedColour);
@@ -107,7 +107,7 @@ TEST(SkinImage, IsDrawnWithItsTransparency) {
 TEST(SkinImage, StaysSharpAtTwiceItsSize) {
     const GdiplusSession gdiplus;
     SkinImage image;
-    ASSERT_TRUE(image.load(hInstance, IDP_PADLOCK_OPEN, L"PNG"));
+    ASSERT_TRUE(image.load(orv_resource_module(), IDP_PADLOCK_OPEN, L"PNG"));
     const Canvas once;
     const Canvas twice;
     image.draw(once.dc(), {0, 0, 16, 16});
@@ -131,10 +131,10 @@ TEST(StateImage, IsTheOpenPadlockWhereTheControlIsOn) {
 TEST(StateImage, LeavesTheControlUnpaintedWithoutItsResource) {
     const GdiplusSession gdiplus;
     const Canvas canvas;
-    const HINSTANCE product = hInstance;
-    hInstance = ::GetModuleHandleW(L"kernel32.dll"); // which has no padlocks
+    const HINSTANCE product = orv_resource_module();
+    orv_set_resource_module(::GetModuleHandleW(L"kernel32.dll")); // which has no padlocks
     DrawStateImage(canvas.dc(), {0, 0, 16, 16}, true);
-    hInstance = product;
+    orv_set_resource_module(product);
     EXPECT_EQ(canvas.at(4, 12), kBackground);
 }
 
