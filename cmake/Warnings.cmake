@@ -10,6 +10,9 @@ if(MSVC)
     "$<$<COMPILE_LANGUAGE:C,CXX>:/W4;/utf-8;/EHa;/GR;/MP;/wd4018;/wd4244;/wd4456;/wd4457;/wd4458;/wd4459;/wd4589;/wd4702;/wd4819>")
   target_compile_definitions(orv_options INTERFACE
     _CRT_SECURE_NO_DEPRECATE _CRT_NONSTDC_NO_DEPRECATE _SCL_SECURE_NO_DEPRECATE)
+  # Control Flow Guard, which the GNU linker does not have.
+  target_compile_options(orv_options INTERFACE $<$<COMPILE_LANGUAGE:C,CXX>:/guard:cf>)
+  target_link_options(orv_options INTERFACE /guard:cf)
   option(ORV_WARNINGS_AS_ERRORS "Warnings of Visual C++ end the build" OFF)
   if(ORV_WARNINGS_AS_ERRORS)
     target_compile_options(orv_options INTERFACE $<$<COMPILE_LANGUAGE:C,CXX>:/WX>)

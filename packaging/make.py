@@ -148,6 +148,7 @@ def main():
     output.mkdir(parents=True, exist_ok=True)
     installer = output / f"OrvRendering-{options.version}-setup.exe"
     portable = output / f"OrvRendering-{options.version}-portable.zip"
+    symbols = output / f"OrvRendering-{options.version}.gup.debug"
     try:
         gather(payload, options.version, options.plugin, options.deps, options.scripts)
         write_file_list(payload, output / "files.nsh")
@@ -155,11 +156,12 @@ def main():
                         f"-DPAYLOAD={payload}", f"-DFILES={output / 'files.nsh'}",
                         f"-DCOPYRIGHT={defined('ORV_COPYRIGHT')}", str(HERE / "installer.nsi")], check=True)
         write_zip(payload, options.version, portable)
-        write_manifest(output, payload, [installer, portable])
+        copy(options.plugin.with_name(options.plugin.name + ".debug"), symbols)
+        write_manifest(output, payload, [installer, portable, symbols])
     except (Unpackable, subprocess.CalledProcessError) as failure:
         print(f"package: {failure}", file=sys.stderr)
         return 1
-    for result in (installer, portable, output / "SHA256SUMS"):
+    for result in (installer, portable, symbols, output / "SHA256SUMS"):
         print(f"{result.stat().st_size:9d}  {result.name}")
     if not (payload / PRODUCT / "script" / f"{PARSER}.mse").is_file():
         print(f"note: {PARSER}.mse is not among the scripts, 3ds Max makes it at its first start: docs/scripts.md")

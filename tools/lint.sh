@@ -16,6 +16,9 @@ dev_lint() {
   step "check tree" python3 tools/check_tree.py
   step "check texts" python3 tools/check_texts.py
   configure mingw
+  step "compile for the host's layout" cmake --build --preset mingw --target \
+    orv_plugin_code_objects orv_host_door_inside_objects orv_layout_runtime_objects
+  step "check the host's layout" python3 tools/check_host_layout.py "$build_dir/mingw"
   step "check sources as Visual C++" python3 tools/vc_check.py "$build_dir/lint/vc-work" "$build_dir/lint/vc"
   step "check sources with cppcheck" lint_cppcheck
   step "check sources" python3 tools/tidy.py "$build_dir/mingw" "$build_dir/lint" "${more[@]}"

@@ -13,6 +13,7 @@ import sys
 import time
 import xml.etree.ElementTree as ElementTree
 import zipfile
+import zlib
 from pathlib import Path
 
 BIN, WORK = Path(sys.argv[1]).resolve(), Path(sys.argv[2]).resolve()
@@ -91,6 +92,24 @@ def expected_product(scripts):
                                 ("7-zip", "lgpl-2.1", "7zip-bin", "jsoncpp", "gcc", "mingw-w64"))}
     return ({"7-Zip/7z.exe", "7-Zip/License.txt", "uninstall.exe", "script/rud_plugin.ini"}
             | {f"script/{f.name}" for f in scripts.iterdir()} | {f"licences/{name}" for name in licences})
+
+
+def sections(file):
+    told = run("x86_64-w64-mingw32-objdump", "-h", file)[1]
+    return {line.split()[1] for line in told.splitlines() if line.strip()[:1].isdigit()}
+
+
+def check_symbols(installer):
+    """What a debugger needs lies beside the package, made in the same run, and not in the library."""
+    symbols = installer.parent / f"OrvRendering-{VERSION}.gup.debug"
+    library = installer.parent / "payload/bundle/OrvRendering.bundle/Contents/OrvRendering.gup"
+    need(".debug_info" in sections(symbols), "the symbols have no debug information")
+    need(not [name for name in sections(library) if name.startswith(".debug")], "the library has debug information")
+    # The link is the file's name and the CRC-32 of its content.
+    link = library.read_bytes().find(b"OrvRendering.gup.debug\0")
+    need(link > 0, "the library does not name its symbols")
+    need(zlib.crc32(symbols.read_bytes()).to_bytes(4, "little") == library.read_bytes()[link + 24:link + 28],
+         "the symbols are of another build than the library")
 
 
 def check_installed(version, scripts):
@@ -191,6 +210,7 @@ def test():
     old_scripts, scripts = script_folder("scripts-old", "LeftBehind.ms"), script_folder("scripts")
     older, current = package(OLDER, old_scripts), package(VERSION, scripts)
     check_sums(current)
+    check_symbols(current)
 
     print("-- an older version is installed", flush=True)
     need(wine(older, "/S") == DONE, "the older version was not installed")
