@@ -1,0 +1,43 @@
+// The host's headers in use put every virtual function at the place that host/abi_facts.h tells.
+#include "host/abi_facts.h"
+#include "host/abi_slots.h"
+
+#include <gtest/gtest.h>
+
+namespace orv {
+namespace test {
+namespace {
+
+struct SlotFact {
+    const char* function;
+    int slot;
+};
+
+#define ORV_SLOT_FACT(type, name, number, function, result, arguments, qualifier)                  \
+    {#type "::" #name, number},
+constexpr SlotFact kFacts[] = {
+    // clang-format off
+    ORV_HOST_SLOTS(ORV_SLOT_FACT)
+    ORV_HOST_PROTECTED_SLOTS(ORV_SLOT_FACT)
+    // clang-format on
+};
+
+TEST(HeaderSlots, CallsReachTheirEntries) {
+    int row = 0;
+    for (const SlotFact& fact : kFacts)
+        EXPECT_EQ(orv_host_slot_reached(row++), fact.slot) << fact.function;
+}
+
+TEST(HeaderSlots, EveryRowIsAsked) {
+    EXPECT_EQ(orv_host_slot_reached(-1), -1);
+    EXPECT_EQ(orv_host_slot_reached(static_cast<int>(sizeof(kFacts) / sizeof(kFacts[0]))), -1);
+}
+
+TEST(HeaderSlots, MenusAndItemsHaveTheirElementBehindThePadding) {
+    EXPECT_EQ(orv_host_menu_element_offset(), host_abi::offset::IMenu_Element);
+    EXPECT_EQ(orv_host_menu_item_element_offset(), host_abi::offset::IMenuItem_Element);
+}
+
+} // namespace
+} // namespace test
+} // namespace orv
