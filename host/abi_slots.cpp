@@ -106,6 +106,17 @@ const Question kQuestions[] = {
     // clang-format on
 };
 
+typedef Interface_ID (*IdMaker)();
+
+#define ORV_MAKE_ID(name, spelling, first, second)                                                 \
+    Interface_ID name##Id() {                                                                      \
+        return spelling;                                                                           \
+    }
+ORV_HOST_INTERFACE_IDS(ORV_MAKE_ID)
+
+#define ORV_ID_MAKER(name, spelling, first, second) name##Id,
+const IdMaker kIdMakers[] = {ORV_HOST_INTERFACE_IDS(ORV_ID_MAKER)};
+
 template<class Derived>
 int ElementOffset() {
     Derived* object = AnObject<Derived>();
@@ -118,6 +129,15 @@ int ElementOffset() {
 int orv_host_slot_reached(int row) {
     const int rows = sizeof(kQuestions) / sizeof(kQuestions[0]);
     return row >= 0 && row < rows ? kQuestions[row]() : -1;
+}
+int orv_host_interface_id(int row, unsigned* a, unsigned* b) {
+    const int rows = sizeof(kIdMakers) / sizeof(kIdMakers[0]);
+    if (row < 0 || row >= rows)
+        return 0;
+    Interface_ID id = kIdMakers[row]();
+    *a = id.PartA();
+    *b = id.PartB();
+    return 1;
 }
 int orv_host_menu_element_offset(void) {
     return ElementOffset<IMenu>();

@@ -1,5 +1,6 @@
-// Where calls through the host's headers arrive: what no compiler asserts (host/abi_facts.h). For
-// tests; nothing of it is in the plug-in. Plain C, for either object layout.
+// What the host's headers in use declare and no compiler asserts (host/abi_facts.h): where calls
+// arrive, and ids that a constructor makes. For tests; nothing of it is in the plug-in. Plain C,
+// for either object layout.
 #pragma once
 
 extern "C" {
@@ -13,4 +14,8 @@ int orv_host_slot_reached(int row);
 // object.
 int orv_host_menu_element_offset(void);
 int orv_host_menu_item_element_offset(void);
+
+// The two parts of an interface's id. `row` counts the rows of ORV_HOST_INTERFACE_IDS from 0.
+// Answers 0, and leaves the parts as they are, for every other row.
+int orv_host_interface_id(int row, unsigned* a, unsigned* b);
 }
