@@ -5,13 +5,13 @@
 // At compile time, in every build of the plug-in, host/abi_facts.cpp asserts that the host's
 // headers in use say the same: sizes, offsets, signatures, numbers.
 //
-// At run time, host/abi_slots.cpp finds out which entry of a virtual table a call reaches, and
-// tests/system/abi compares it. No compiler can assert that: a pointer to a virtual function does
-// not tell its entry in a constant expression. Two more things are left to those tests: the ids of
-// interfaces, which the host's headers make by a constructor, and private members, which nobody can
-// name; the tests read them from objects.
+// At run time, host/abi_slots.cpp finds out which entry of a virtual table a call through those
+// headers reaches, and tests/unit/host compares it. No compiler can assert that: a pointer to a
+// virtual function does not tell its entry in a constant expression. The same test compares the ids
+// of interfaces, which the headers make by a constructor.
 //
-// tests/system/abi also calls the host's objects and the plug-in's by the numbers that stand here.
+// tests/system/abi calls the host's objects and the plug-in's by the numbers that stand here,
+// without any header of the host, and reads private members, which nobody can name, from objects.
 #pragma once
 
 // clang-format off

@@ -1,4 +1,5 @@
-// The host's headers in use put every virtual function at the place that host/abi_facts.h tells.
+// The host's headers in use put every virtual function at the entry that host/abi_facts.h tells,
+// and agree with it in what else no compiler asserts.
 #include "host/abi_facts.h"
 #include "host/abi_slots.h"
 
@@ -22,13 +23,13 @@ constexpr SlotFact kFacts[] = {
     // clang-format on
 };
 
-TEST(HeaderSlots, CallsReachTheirEntries) {
+TEST(HostHeaders, CallsReachTheirEntries) {
     int row = 0;
     for (const SlotFact& fact : kFacts)
         EXPECT_EQ(orv_host_slot_reached(row++), fact.slot) << fact.function;
 }
 
-TEST(HeaderSlots, EveryRowIsAsked) {
+TEST(HostHeaders, EveryRowIsAsked) {
     EXPECT_EQ(orv_host_slot_reached(-1), -1);
     EXPECT_EQ(orv_host_slot_reached(static_cast<int>(sizeof(kFacts) / sizeof(kFacts[0]))), -1);
 }
@@ -41,7 +42,7 @@ struct IdFact {
 #define ORV_ID_FACT(name, spelling, first, second) {#name, {first, second}},
 constexpr IdFact kIds[] = {ORV_HOST_INTERFACE_IDS(ORV_ID_FACT)};
 
-TEST(HeaderSlots, InterfacesHaveTheirIds) {
+TEST(HostHeaders, InterfacesHaveTheirIds) {
     int row = 0;
     for (const IdFact& fact : kIds) {
         host_abi::TwoPartId id = {~0U, ~0U};
@@ -54,7 +55,7 @@ TEST(HeaderSlots, InterfacesHaveTheirIds) {
     EXPECT_EQ(none.a, 7U);
 }
 
-TEST(HeaderSlots, MenusAndItemsHaveTheirElementBehindThePadding) {
+TEST(HostHeaders, MenusAndItemsHaveTheirElementBehindThePadding) {
     EXPECT_EQ(orv_host_menu_element_offset(), host_abi::offset::IMenu_Element);
     EXPECT_EQ(orv_host_menu_item_element_offset(), host_abi::offset::IMenuItem_Element);
 }
