@@ -1,5 +1,6 @@
 // Action tables, their items and callbacks.
 #include "actiontable.h"
+#include "core/core_state.h"
 
 namespace {
 
@@ -40,6 +41,14 @@ private:
     MSTR shortName_;
     MSTR category_;
 };
+
+// Describes what all tables publish. The id is this library's own.
+class TableDescription : public FPInterfaceDesc {
+public:
+    TableDescription() { ID = Interface_ID(0x74414354, 1); }
+};
+
+TableDescription tableDescription;
 
 } // namespace
 
@@ -180,17 +189,21 @@ ActionItem* ActionTable::GetCurrentAssignment(ACCEL) {
 }
 void ActionTable::AssignKey(int, ACCEL) {}
 void ActionTable::RemoveShortcutFromTable(ACCEL) {}
-FPInterfaceDesc* ActionTable::GetDescByID(Interface_ID) {
-    return nullptr;
+FPInterfaceDesc* ActionTable::GetDescByID(Interface_ID id) {
+    return id == tableDescription.ID ? &tableDescription : &nullInterface;
 }
 FPInterfaceDesc* ActionTable::GetDesc() {
-    return nullptr;
+    return &tableDescription;
 }
 BaseInterface* ActionTable::GetInterface(Interface_ID id) {
     return FPMixinInterface::GetInterface(id);
 }
 Interface_ID ActionTable::GetID() {
-    return Interface_ID(mId, mContextId);
+    return GetDesc()->ID;
+}
+const MCHAR* ActionTable::fpGetContextName() const {
+    ActionContext* context = ActionManager()->FindContext(mContextId);
+    return context ? context->GetName() : L"";
 }
 
 ActionItem::ActionItem() : mpTable(nullptr) {}
@@ -219,16 +232,16 @@ BOOL ActionItem::IsDynamicAction() {
     return FALSE;
 }
 FPInterfaceDesc* ActionItem::GetDescByID(Interface_ID) {
-    return nullptr;
+    return &nullInterface;
 }
 FPInterfaceDesc* ActionItem::GetDesc() {
-    return nullptr;
+    return &nullInterface;
 }
 BaseInterface* ActionItem::GetInterface(Interface_ID id) {
     return FPMixinInterface::GetInterface(id);
 }
 Interface_ID ActionItem::GetID() {
-    return Interface_ID();
+    return GetDesc()->ID;
 }
 MaxIcon* ActionItem::GetIconImp() {
     return nullptr;

@@ -1,12 +1,16 @@
-// Function publishing: the plug-in publishes nothing, so every question is answered with "none".
+// Function publishing: calls go to the object's own table of functions. Nothing here has actions or
+// names, so every question about those is answered with "none".
 #include "ifnpub.h"
 #include "plugapi.h"
 
-FPStatus FPInterface::Invoke(FunctionID, TimeValue, FPParams*) {
-    return FPS_NO_SUCH_FUNCTION;
+FPInterfaceDesc FPInterface::nullInterface;
+
+FPStatus FPInterface::Invoke(FunctionID fid, TimeValue t, FPParams* params) {
+    FPValue unused;
+    return _dispatch_fn(fid, t, unused, params);
 }
-FPStatus FPInterface::Invoke(FunctionID, TimeValue, FPValue&, FPParams*) {
-    return FPS_NO_SUCH_FUNCTION;
+FPStatus FPInterface::Invoke(FunctionID fid, TimeValue t, FPValue& result, FPParams* params) {
+    return _dispatch_fn(fid, t, result, params);
 }
 FunctionID FPInterface::FindFn(const MCHAR*) {
     return -1;
@@ -30,7 +34,7 @@ FunctionID FPInterface::GetIsVisible(FunctionID) {
     return -1;
 }
 
-FPInterfaceDesc::FPInterfaceDesc() : description_() {}
+FPInterfaceDesc::FPInterfaceDesc() : ID(NULLINTERFACE_ID), description_() {}
 FPInterfaceDesc::~FPInterfaceDesc() {}
 void FPInterfaceDesc::EnableActions(BOOL) {}
 HINSTANCE FPInterfaceDesc::HInstance() {
@@ -40,9 +44,13 @@ const MCHAR* FPInterfaceDesc::GetRsrcString(StringResID) {
     return L"";
 }
 
-FPMixinInterface::~FPMixinInterface() {}
-bool FPMixinInterface::RegisterNotifyCallback(InterfaceNotifyCallback*) {
-    return false;
+FPMixinInterface::~FPMixinInterface() {
+    delete callbacks_;
+}
+bool FPMixinInterface::RegisterNotifyCallback(InterfaceNotifyCallback* incb) {
+    if (!callbacks_)
+        callbacks_ = new Tab<InterfaceNotifyCallback*>;
+    return callbacks_->Append(1, &incb) >= 0;
 }
 
 FPInterface* ClassDesc::GetInterface(Interface_ID id) {

@@ -34,3 +34,31 @@ FPValue& FPValue::operator=(const FPValue& other) {
         tstr = new MSTR(*other.tstr);
     return *this;
 }
+
+// Everything that is smaller than an argument's place is passed as int or double.
+va_list FPValue::Loadva(int kind, va_list list, bool) {
+    Free();
+    type = static_cast<ParamType2>(kind);
+    switch (kind) {
+    case TYPE_INT:
+    case TYPE_BOOL:
+    case TYPE_INDEX:
+        i = va_arg(list, int);
+        break;
+    case TYPE_DWORD:
+        d = va_arg(list, DWORD);
+        break;
+    case TYPE_FLOAT:
+        f = static_cast<float>(va_arg(list, double));
+        break;
+    case TYPE_STRING:
+        s = va_arg(list, const MCHAR*);
+        break;
+    case TYPE_INTERFACE:
+        ptr = va_arg(list, void*);
+        break;
+    default:
+        __builtin_trap(); // a kind that nothing here publishes
+    }
+    return list;
+}

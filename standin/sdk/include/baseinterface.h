@@ -43,7 +43,3 @@ public:
         return nullptr;
     }
 };
-
-static_assert(sizeof(InterfaceServer) == 8, "a table pointer");
-static_assert(sizeof(BaseInterfaceServer) == 16, "a table pointer and the interfaces");
-static_assert(sizeof(BaseInterface) == 8, "a table pointer");

@@ -63,6 +63,3 @@ CoreExport ISpinnerControl* SetupIntSpinner(HWND hwnd, int idSpin, int idEdit, i
                                             int val);
 CoreExport ISpinnerControl* SetupFloatSpinner(HWND hwnd, int idSpin, int idEdit, float min,
                                               float max, float val, float scale = 0.1f);
-
-static_assert(sizeof(ICustomControl) == 8, "a table pointer");
-static_assert(sizeof(ISpinnerControl) == 8, "a table pointer");

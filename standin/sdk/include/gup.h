@@ -37,5 +37,3 @@ public:
     GUPExport virtual IOResult Load(ILoad* iload);
     GUPExport virtual void DeleteThis() = 0;
 };
-
-static_assert(sizeof(GUP) == 8, "a table pointer");

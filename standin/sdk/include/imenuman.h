@@ -52,7 +52,3 @@ public:
     virtual const MCHAR* GetMenuFile() = 0;
     virtual BOOL SetMainMenuBar(IMenu* pMenu) = 0;
 };
-
-static_assert(sizeof(IMenuContext) == 8, "a table pointer");
-static_assert(sizeof(IMenuBarContext) == 8, "a table pointer");
-static_assert(sizeof(IMenuManager) == 96, "as in the host");

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ifnpub.h"
+#include "reserved_slots.h"
 
 class ActionItem;
 class Box2;
@@ -11,6 +12,7 @@ class IMenuItem;
 class IMenuLocalContext;
 class IPoint2;
 class MaxIcon;
+class MenuColors;
 
 #ifdef MENUS_EXPORTS
 #define MENUS_API
@@ -20,7 +22,7 @@ class MaxIcon;
 
 class IMenuElement : public MaxHeapOperators {
 public:
-    enum OriginLocation { OL_TOPLEFT, OL_TOPRIGHT, OL_BOTTOMLEFT, OL_BOTTOMRIGHT };
+    enum OriginLocation { UPPER_LEFT, LOWER_LEFT, LOWER_RIGHT, UPPER_RIGHT };
 
     virtual ~IMenuElement() {}
     virtual void SetOrigin(const IPoint2& origin, OriginLocation location) = 0;
@@ -40,7 +42,7 @@ class IMenuItem : public FPMixinInterface, public IMenuElement {
 public:
     enum ActionMode { AM_INACTIVE = 0, AM_SEPARATOR, AM_ITEM, AM_FN, AM_SUBMENU, AM_ITEM_SUBMENU };
     typedef void (*ActionFn)();
-    typedef void (*PreDisplayCB)(IMenuItem*);
+    typedef void (*PreDisplayCB)(IMenuItem&);
 
     virtual void SetIMenuLocalContext(IMenuLocalContext* context) = 0;
     virtual ActionMode GetActionMode() const = 0;
@@ -72,7 +74,9 @@ public:
 
 class IMenu : public FPMixinInterface, public IMenuElement {
 public:
-    virtual void SetIMenuGlobalContext(IMenuGlobalContext* context) = 0;
+    virtual void SetIMenuGlobalContext(IMenuGlobalContext* context, int level,
+                                       Tab<IMenuItem*>* executedItemPath,
+                                       const MenuColors* colors) = 0;
     virtual IMenuLocalContext* GetIMenuLocalContext() = 0;
     virtual int NumItems() const = 0;
     virtual IMenuItem* GetItem(int position) = 0;
@@ -80,6 +84,13 @@ public:
     virtual void AddItem(IMenuItem* item, int position = -1) = 0;
     virtual void RemoveItem(int position) = 0;
     virtual void RemoveItem(IMenuItem* item) = 0;
+    RESERVED_SLOT(33)
+    RESERVED_SLOT(34)
+    RESERVED_SLOTS_5_HIGH(3)
+    RESERVED_SLOTS_5_LOW(4)
+    RESERVED_SLOT(45)
+    RESERVED_SLOT(46)
+    RESERVED_SLOT(47)
     virtual void SetCustomTitle(const MCHAR* customTitle) = 0;
     virtual const MSTR& GetCustomTitle() const = 0;
     virtual void SetUseCustomTitle(bool useCustomTitle) = 0;
@@ -90,7 +101,3 @@ MENUS_API IMenuItem* GetIMenuItem();
 MENUS_API void ReleaseIMenuItem(IMenuItem* item);
 MENUS_API IMenu* GetIMenu();
 MENUS_API void ReleaseIMenu(IMenu* menu);
-
-static_assert(sizeof(IMenuElement) == 8, "a table pointer");
-static_assert(sizeof(IMenuItem) == 40, "as in the host");
-static_assert(sizeof(IMenu) == 40, "as in the host");

@@ -24,5 +24,3 @@ private:
     ULONG a_;
     ULONG b_;
 };
-
-static_assert(sizeof(Interface_ID) == 8, "two 32-bit parts");

@@ -43,5 +43,3 @@ protected:
     Tab<IParamMap2*> maps_;
     void* dialogs_[3];
 };
-
-static_assert(sizeof(ClassDesc2) == 56, "as in the host");

@@ -65,5 +65,3 @@ public:
     virtual int SaveToFile(const MCHAR* fname, BOOL clearNeedSaveFlag = TRUE,
                            BOOL useNewFile = TRUE) = 0; // 257
 };
-
-static_assert(sizeof(Interface) == 96, "as in the host");

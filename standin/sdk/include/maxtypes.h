@@ -42,5 +42,3 @@ private:
     ULONG a_;
     ULONG b_;
 };
-
-static_assert(sizeof(Class_ID) == 8, "two 32-bit parts");

@@ -24,5 +24,3 @@ CoreExport int UnRegisterNotification(NOTIFYPROC proc, void* param, int code);
 CoreExport int UnRegisterNotification(NOTIFYPROC proc, void* param);
 CoreExport void BroadcastNotification(int code);
 CoreExport void BroadcastNotification(int code, void* callParam);
-
-static_assert(sizeof(NotifyInfo) == 16, "as in the host");

@@ -106,6 +106,3 @@ public:
         return 0;
     }
 };
-
-static_assert(sizeof(ClassDesc) == 16, "a table pointer and the interfaces");
-static_assert(VERSION_3DSMAX == 0x52083400, "release 21000, API 52");

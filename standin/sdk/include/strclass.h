@@ -26,8 +26,6 @@ private:
     void* text_;
 };
 
-static_assert(sizeof(WStr) == 8, "the host's MSTR is one pointer");
-
 typedef WStr MSTR;
 #ifdef _UNICODE
 #define TSTR WStr

@@ -6,15 +6,16 @@
 #include "utilexp.h"
 
 struct TabHdr {
-    INT_PTR count;
-    INT_PTR capacity;
+    int count;
+    int capacity; // elements that have room
 };
 
-// Each returns nonzero on success. `size` is that of one element.
-UtilExport int TBMakeSize(TabHdr** tab, int count, int size);
-UtilExport void TBSetCount(TabHdr** tab, int count, int resize, int size);
-UtilExport int TBInsertAt(TabHdr** tab, int at, int count, const void* elements, int extra,
-                          int size);
+// `size` is that of one element in bytes. The order of the numbers is the host's; another order has
+// the same decorated names, so no linker would notice it.
+UtilExport int TBMakeSize(TabHdr** tab, int capacity, int size);
+UtilExport void TBSetCount(TabHdr** tab, int count, int size, int resize);
+UtilExport int TBInsertAt(TabHdr** tab, int at, int count, const void* elements, int size,
+                          int extra);
 UtilExport int TBCopy(TabHdr** tab, int at, int count, const void* elements, int size);
 UtilExport int TBDelete(TabHdr** tab, int start, int count, int size);
 
@@ -29,22 +30,20 @@ public:
             TBMakeSize(&header_, 0, elementSize());
     }
 
-    int Count() const { return header_ ? static_cast<int>(header_->count) : 0; }
+    int Count() const { return header_ ? header_->count : 0; }
     T& operator[](int i) { return reinterpret_cast<T*>(header_ + 1)[i]; }
     const T& operator[](int i) const { return reinterpret_cast<const T*>(header_ + 1)[i]; }
     int Append(int count, const T* elements, int extra = 0) {
-        return TBInsertAt(&header_, Count(), count, elements, extra, elementSize());
+        return TBInsertAt(&header_, Count(), count, elements, elementSize(), extra);
     }
     int Insert(int at, int count, const T* elements) {
-        return TBInsertAt(&header_, at, count, elements, 0, elementSize());
+        return TBInsertAt(&header_, at, count, elements, elementSize(), 0);
     }
     int Delete(int start, int count) { return TBDelete(&header_, start, count, elementSize()); }
-    void ZeroCount() { TBSetCount(&header_, 0, 0, elementSize()); }
+    void ZeroCount() { TBSetCount(&header_, 0, elementSize(), FALSE); }
 
 private:
     static int elementSize() { return static_cast<int>(sizeof(T)); }
 
     TabHdr* header_;
 };
-
-static_assert(sizeof(Tab<void*>) == 8, "one pointer");

@@ -20,5 +20,3 @@ public:
 protected:
     ToolTipExtenderImpl* impl;
 };
-
-static_assert(sizeof(ToolTipExtender) == 16, "a table pointer and the implementation");

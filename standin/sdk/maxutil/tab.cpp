@@ -11,7 +11,7 @@ char* Element(TabHdr* header, int index, int size) {
 }
 
 int CountOf(const TabHdr* header) {
-    return header ? static_cast<int>(header->count) : 0;
+    return header ? header->count : 0;
 }
 
 bool Reallocate(TabHdr** tab, int capacity, int size) {
@@ -34,21 +34,21 @@ bool Reallocate(TabHdr** tab, int capacity, int size) {
 
 } // namespace
 
-int TBMakeSize(TabHdr** tab, int count, int size) {
-    return Reallocate(tab, count < 0 ? 0 : count, size) ? 1 : 0;
+int TBMakeSize(TabHdr** tab, int capacity, int size) {
+    return Reallocate(tab, capacity < 0 ? 0 : capacity, size) ? 1 : 0;
 }
 
-void TBSetCount(TabHdr** tab, int count, int resize, int size) {
-    const int capacity = *tab ? static_cast<int>((*tab)->capacity) : 0;
+void TBSetCount(TabHdr** tab, int count, int size, int resize) {
+    const int capacity = *tab ? (*tab)->capacity : 0;
     if (count > capacity || resize)
         Reallocate(tab, count, size);
     if (*tab)
         (*tab)->count = count;
 }
 
-int TBInsertAt(TabHdr** tab, int at, int count, const void* elements, int extra, int size) {
+int TBInsertAt(TabHdr** tab, int at, int count, const void* elements, int size, int extra) {
     const int present = CountOf(*tab);
-    const int capacity = *tab ? static_cast<int>((*tab)->capacity) : 0;
+    const int capacity = *tab ? (*tab)->capacity : 0;
     if (count <= 0)
         return present;
     if (present + count > capacity && !Reallocate(tab, (present + count) * 2 + extra, size))
@@ -68,7 +68,7 @@ int TBCopy(TabHdr** tab, int at, int count, const void* elements, int size) {
     if (at < 0 || count <= 0 || at > present)
         return 0;
     if (at + count > present)
-        TBSetCount(tab, at + count, 0, size);
+        TBSetCount(tab, at + count, size, FALSE);
     memcpy(Element(*tab, at, size), elements,
            static_cast<size_t>(count) * static_cast<size_t>(size));
     return count;

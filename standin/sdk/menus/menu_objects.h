@@ -21,7 +21,7 @@ public:
     const IPoint2& GetSize() override { __builtin_trap(); }
     const Box2& GetRect() override { __builtin_trap(); }
     bool IsInRect(const IPoint2&) override { __builtin_trap(); }
-    FPInterfaceDesc* GetDesc() override { return nullptr; }
+    FPInterfaceDesc* GetDesc() override { return this->GetDescByID(NULLINTERFACE_ID); }
 
 private:
     bool visible_ = true;
@@ -94,7 +94,8 @@ public:
     void SetTitle(const MCHAR* customTitle) override { title_ = customTitle; }
     const MSTR& GetTitle() override { return title_; }
 
-    void SetIMenuGlobalContext(IMenuGlobalContext*) override {}
+    void SetIMenuGlobalContext(IMenuGlobalContext*, int, Tab<IMenuItem*>*,
+                               const MenuColors*) override {}
     IMenuLocalContext* GetIMenuLocalContext() override { return nullptr; }
     int NumItems() const override { return items_.Count(); }
     IMenuItem* GetItem(int position) override { return Item(position); }

@@ -54,7 +54,7 @@ Names HostNames(const std::string& library) {
     return names;
 }
 
-// The names of a .def file, without quotation marks.
+// The names of a .def file, without quotation marks and what follows them.
 Names DefinedNames(const std::wstring& file) {
     Names names;
     bool inExports = false;
@@ -63,7 +63,7 @@ Names DefinedNames(const std::wstring& file) {
         if (line == "EXPORTS")
             inExports = true;
         else if (inExports && first != std::string::npos && line[0] == ' ')
-            names.insert(line.substr(first, line.find_last_not_of(" \"") - first + 1));
+            names.insert(line.substr(first, line.find_first_of(" \"", first) - first));
     }
     return names;
 }
