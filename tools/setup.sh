@@ -74,7 +74,11 @@ build_dependency() {
   cmake --build "$work_dir/$name" --parallel "$(nproc)" --target install
 }
 
-compiler_version() { x86_64-w64-mingw32-g++-posix -dumpfullversion; }
+# What the dependencies were built with: another compiler or other flags build them anew.
+compiler_version() {
+  printf '%s, flags %s' "$(x86_64-w64-mingw32-g++-posix -dumpfullversion)" \
+    "$(sha256sum "$root/cmake/mingw-w64-toolchain.cmake" | cut -c1-16)"
+}
 
 setup_googletest() {
   local recipe
