@@ -201,6 +201,7 @@ TEST_F(SubmitJobEnd, WhenTheDialogIsGoneAndNothingIsKnownOfItsChoices) {
 
 TEST_F(SubmitJobEnd, WithoutACameraTable) {
     dialog_.takeAway(IDC_CAMERAS);
+    host_.onSaveTo = [](const std::wstring&) { return false; };
     EXPECT_EQ(submitToBox(IDS_CHOICES_NOT_READ), kSubmitFailed);
     expectNothingDone();
 }
@@ -219,7 +220,13 @@ TEST_F(SubmitJobEnd, WithAMessageAfterAnUnexpectedError) {
 
 class AnotherScene : public SubmitJobEnd {
 protected:
-    AnotherScene() { WriteFileBytes(another_, "another scene"); }
+    AnotherScene() {
+        WriteFileBytes(another_, "another scene");
+        host_.onSaveTo = [this](const std::wstring& path) {
+            WriteFileBytes(path, kSceneBytes);
+            return false; // the rest of the submission is no matter here
+        };
+    }
 
     std::vector<SeenMessageBox> submitAnswering(int answer) {
         MessageBoxWatcher watcher(kTestCaption, {answer});
@@ -244,10 +251,6 @@ TEST_F(AnotherScene, StaysWhenTheUserDoesNotReplaceIt) {
 }
 
 TEST_F(AnotherScene, IsReplacedWhenTheUserSaysSo) {
-    host_.onSaveTo = [this](const std::wstring& path) {
-        WriteFileBytes(path, kSceneBytes);
-        return false; // the rest of the submission is no matter here
-    };
     const std::vector<SeenMessageBox> boxes = submitAnswering(IDYES);
     ASSERT_EQ(boxes.size(), 2U);
     EXPECT_EQ(boxes[1].text, ResourceText(IDS_SCENE_NOT_SAVED));
