@@ -22,15 +22,19 @@ bool HasLimit(const SceneAnalysis& analysis) {
 
 } // namespace
 
-int CheckCoronaLimits(HWND ownerWindow) {
+int CheckCoronaLimits(const SceneAnalysis& analysis, HWND ownerWindow) {
     PluginData& data = PluginData::instance();
-    if (!HasCheckedState(data.analysis) || HasLimit(data.analysis))
+    if (!HasCheckedState(analysis) || HasLimit(analysis))
         return kCoronaGoOn;
     if (data.progressState == kWorkerRunning)
         data.done = true; // takes the progress window away from over the message
     data.writeLog(kError, "Corona has no limits, the submission is stopped.");
     ShowMessage(ownerWindow, IDS_CORONA_WITHOUT_LIMITS, IDS_CAPTION_CHECK);
     return kCoronaStop;
+}
+
+int CheckCoronaLimits(HWND ownerWindow) {
+    return CheckCoronaLimits(PluginData::instance().analysis, ownerWindow);
 }
 
 } // namespace orv

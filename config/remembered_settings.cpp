@@ -1,6 +1,7 @@
 #include "config/remembered_settings.h"
 
 #include "base/folders.h"
+#include "config/dialog_messages.h"
 #include "resources/controls.h"
 
 namespace orv {
@@ -8,39 +9,35 @@ namespace {
 
 const wchar_t kSection[] = L"general";
 
-std::wstring WindowText(HWND window) {
-    std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
-    const int length = ::GetWindowTextW(window, &text[0], static_cast<int>(text.size()));
-    text.resize(static_cast<std::size_t>(length));
-    return text;
-}
-
-std::wstring CurrentValue(HWND dialog, const RememberedControl& control) {
+std::wstring CurrentValue(const SubmissionChoices& choices, const RememberedControl& control) {
     switch (control.kind) {
     case RememberedKind::CheckBox:
     case RememberedKind::RadioButton:
-        return std::to_wstring(::IsDlgButtonChecked(dialog, control.id));
+        return std::to_wstring(choices.boxState(control.id));
     case RememberedKind::DropDownList:
-        return std::to_wstring(
-            RememberedSelection(::SendDlgItemMessageW(dialog, control.id, CB_GETCURSEL, 0, 0)));
+        return std::to_wstring(RememberedSelection(choices.selection(control.id)));
     case RememberedKind::EditField:
-        return WindowText(::GetDlgItem(dialog, control.id));
+        return choices.text(control.id);
     }
     return std::wstring();
 }
 
 } // namespace
 
-void saveRememberedSettings(HWND dialog) {
-    if (!::IsWindow(dialog)) // closed meanwhile: its boxes would all read as not ticked
-        return;
+void saveRememberedSettings(const SubmissionChoices& choices) {
     const std::wstring file = SettingsFile();
-    const bool areRemembered = ::IsDlgButtonChecked(dialog, IDC_REMEMBER) == BST_CHECKED;
+    const bool areRemembered = choices.isChecked(IDC_REMEMBER);
     for (const RememberedControl& control : RememberedControls()) {
         const std::wstring value =
-            areRemembered ? CurrentValue(dialog, control) : std::wstring(control.defaultValue);
+            areRemembered ? CurrentValue(choices, control) : std::wstring(control.defaultValue);
         ::WritePrivateProfileStringW(kSection, control.key, value.c_str(), file.c_str());
     }
+}
+
+void saveRememberedSettings(HWND dialog) {
+    SubmissionChoices choices;
+    if (TakeChoices(dialog, choices))
+        saveRememberedSettings(choices);
 }
 
 std::vector<RememberedValue> ReadRememberedSettings() {
@@ -53,8 +50,8 @@ std::vector<RememberedValue> ReadRememberedSettings() {
     return values;
 }
 
-int RememberedSelection(LRESULT selection) {
-    return selection >= 1 && selection <= 3 ? static_cast<int>(selection) : 0;
+int RememberedSelection(std::int32_t selection) {
+    return selection >= 1 && selection <= 3 ? selection : 0;
 }
 
 } // namespace orv

@@ -45,6 +45,9 @@
 #define IDS_SCENE_NOT_SAVED 64
 #define IDS_JOB_NOT_WRITTEN 42
 #define IDS_SUBMISSION_NOT_STARTED 203
+#define IDS_SCENE_REPLACED 221 // Yes and No; the path follows
+#define IDS_CHOICES_NOT_READ 222
+#define IDS_SUBMISSION_BROKEN_OFF 223
 
 // Progress dialog: what the submission is at.
 #define IDS_STAGE_CHECKING 205

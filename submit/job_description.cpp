@@ -4,12 +4,12 @@
 #include "analysis/text/text_convert.h"
 #include "analysis/work_folder.h"
 #include "base/handles.h"
+#include "config/dialog_messages.h"
 #include "config/plugin_data.h"
 #include "config/progress_hold.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "submit/dialog_input/dialog_controls.h"
 #include "submit/paths.h"
 
 #include <json/value.h>
@@ -141,10 +141,10 @@ void WorkChoicesIn(const SceneAnalysis& analysis, const JobPaths& paths, Json::V
         job["corona_options"] = CoronaOptions(analysis);
 }
 
-// A box that was ticked after the options were collected. The file keeps what was collected.
-void RefreshChannels(SceneAnalysis& analysis, HWND dialog) {
-    analysis.aoChannel = analysis.aoChannel || IsChecked(dialog, IDC_AO_CHANNEL);
-    analysis.colorChannel = analysis.colorChannel || IsChecked(dialog, IDC_COLOR_CHANNEL);
+// For a caller that has not collected the options before. The file keeps what was collected.
+void RefreshChannels(SceneAnalysis& analysis, const SubmissionChoices& choices) {
+    analysis.aoChannel = analysis.aoChannel || choices.isChecked(IDC_AO_CHANNEL);
+    analysis.colorChannel = analysis.colorChannel || choices.isChecked(IDC_COLOR_CHANNEL);
 }
 
 bool WriteBytes(HANDLE file, const std::string& bytes) {
@@ -197,14 +197,13 @@ bool WriteTextFile(const std::wstring& path, const std::string& text) {
 }
 
 std::string RequestBody(const Json::Value& job, const JobPaths& paths, const std::wstring& jobFile,
-                        HWND dialog) {
+                        const SubmissionChoices& choices) {
     Json::Value request;
     request["scenePath"] = paths.scenePath;
     request["filePath"] = WideToUtf8(jobFile);
     request["maxVersion"] = "3ds Max " + TextOf(MemberOf(job, "app_version"));
     request["compressPath"] = paths.archivePath;
-    request["PLUGIN_SAVE_SCENE_FILE"] =
-        Json::UInt{::IsDlgButtonChecked(dialog, IDC_SAVE_SCENE_FILE)};
+    request["PLUGIN_SAVE_SCENE_FILE"] = Json::UInt{choices.boxState(IDC_SAVE_SCENE_FILE)};
     return Json::StyledWriter().write(request);
 }
 
@@ -217,23 +216,31 @@ bool Fail(HWND dialog, const char* logLine) {
 
 } // namespace
 
-bool WriteJobDescription(SceneAnalysis& analysis, HWND dialog, JobPaths& paths,
-                         const std::wstring& baseName, std::string& requestBody) {
+bool WriteJobDescription(SceneAnalysis& analysis, const SubmissionChoices& choices, HWND dialog,
+                         JobPaths& paths, const std::wstring& baseName, std::string& requestBody) {
     Json::Value job;
     if (!ParseReport(analysis.reportText, job) || !job.isObject())
         return Fail(dialog, "Parse failed in writing json file when submiting!");
     WorkChoicesIn(analysis, paths, job);
-    RefreshChannels(analysis, dialog);
+    RefreshChannels(analysis, choices);
 
     EnsureFolder(paths.jsonDir);
     const std::wstring jobFile = paths.jsonDir + L"/" + baseName + L".json";
     if (!WriteTextFile(jobFile, Json::StyledWriter().write(job)))
         return Fail(dialog, "Open json file failed when write it!");
-    requestBody = RequestBody(job, paths, jobFile, dialog);
+    requestBody = RequestBody(job, paths, jobFile, choices);
     paths.jsonDir = jobFile;
     PluginData::instance().writeLog(kInfo, "Write json file at: " + WideToUtf8(jobFile) +
                                                " successfully.");
     return true;
+}
+
+bool WriteJobDescription(SceneAnalysis& analysis, HWND dialog, JobPaths& paths,
+                         const std::wstring& baseName, std::string& requestBody) {
+    SubmissionChoices choices;
+    if (!TakeChoices(dialog, choices))
+        return Fail(dialog, kChoicesNotRead);
+    return WriteJobDescription(analysis, choices, dialog, paths, baseName, requestBody);
 }
 
 } // namespace orv

@@ -3,7 +3,7 @@
 
 #include "base/windows.h"
 #include "config/client_info.h"
-#include "config/scene_analysis.h"
+#include "config/submission_choices.h"
 
 #include <string>
 
@@ -14,6 +14,10 @@ namespace orv {
 // last level is made when missing. On a report that is not JSON or a file that cannot be opened a
 // message box is shown over `dialog`, false is returned, and `paths` and `requestBody` stay as they
 // were. The format is described in docs/job-description.md.
+bool WriteJobDescription(SceneAnalysis& analysis, const SubmissionChoices& choices, HWND dialog,
+                         JobPaths& paths, const std::wstring& baseName, std::string& requestBody);
+
+// The same for what stands in `dialog` now. Fails in the same way when the dialog is gone.
 bool WriteJobDescription(SceneAnalysis& analysis, HWND dialog, JobPaths& paths,
                          const std::wstring& baseName, std::string& requestBody);
 

@@ -21,6 +21,16 @@ std::wstring FolderOf(const std::wstring& path) {
     return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator + 1);
 }
 
+// Windows does not tell capitals from small letters in a path.
+bool IsSamePath(const std::wstring& left, const std::wstring& right) {
+    return ::CompareStringOrdinal(left.c_str(), -1, right.c_str(), -1, TRUE) == CSTR_EQUAL;
+}
+
+bool IsFile(const std::wstring& path) {
+    const DWORD attributes = ::GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
 bool SaveTo(const std::wstring& path) {
     if (path.size() > kLongestPath) {
         Log(kError, "Save scene: the path is too long: " + WideToUtf8(path));
@@ -66,6 +76,18 @@ std::string SaveSceneAs(SceneAnalysis& analysis, HWND sceneNameEdit, const std::
     analysis.recordedSceneName = wanted;
     ++analysis.saveCount;
     return WideToUtf8(path);
+}
+
+std::wstring SceneToReplace(const SceneAnalysis& analysis, const std::string& fileName) {
+    if (fileName.empty() || fileName == analysis.recordedSceneName)
+        return {};
+    const std::wstring currentPath = host::SceneFilePath();
+    const std::wstring folder = FolderOf(currentPath);
+    const std::wstring name = Utf8ToWide(fileName);
+    if (folder.empty() || !IsPlainFileName(name) || IsSamePath(folder + name, currentPath) ||
+        !IsFile(folder + name))
+        return {};
+    return folder + name;
 }
 
 } // namespace orv

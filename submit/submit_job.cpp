@@ -1,26 +1,30 @@
 #include "submit/submit_job.h"
 
 #include "analysis/corona_gate.h"
+#include "analysis/report_json.h"
 #include "analysis/text/text_convert.h"
 #include "analysis/virus_scripts.h"
 #include "analysis/work_folder.h"
 #include "client/client_link.h"
 #include "client/guid_text.h"
+#include "config/dialog_messages.h"
 #include "config/plugin_data.h"
 #include "config/progress_hold.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "submit/dialog_input/camera_validation.h"
-#include "submit/dialog_input/dialog_controls.h"
 #include "submit/dialog_input/scene_name_text.h"
 #include "submit/job_description.h"
 #include "submit/paths.h"
 #include "submit/scene_archive.h"
 #include "submit/scene_backup.h"
 #include "submit/scene_save.h"
+#include "submit/unexpected_end.h"
 
+#include <algorithm>
 #include <exception>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -37,16 +41,24 @@ constexpr DWORD kArchiveSettleMilliseconds = 1000;
 // GI image scale by the selection in its list; no selection counts as the first.
 constexpr const char* kGiScales[] = {"100%", "50%", "33%", "25%"};
 
-const char* GiScaleText(LRESULT selection) {
+const char* GiScaleText(std::int32_t selection) {
     return kGiScales[selection >= 1 && selection <= 3 ? selection : 0];
+}
+
+// `value` without its fraction, kept within 32 bits.
+std::int32_t Truncated(double value) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    const double kept = std::max<double>(Limits::min(), std::min<double>(value, Limits::max()));
+    return static_cast<std::int32_t>(kept); // the conversion cuts towards zero
 }
 
 // One submission. The steps that can end it return false and have set `result_` by then.
 class Submission {
 public:
-    Submission(HWND dialog, std::wstring caption, std::wstring languageMarker)
-        : dialog_(dialog), caption_(std::move(caption)),
-          languageMarker_(std::move(languageMarker)) {}
+    Submission(SubmissionChoices choices, HWND dialog, const std::wstring& caption,
+               const std::wstring& languageMarker)
+        : choices_(std::move(choices)), dialog_(dialog), caption_(caption),
+          languageMarker_(languageMarker) {}
 
     std::int32_t run() {
         takeCoronaLimits();
@@ -64,7 +76,7 @@ public:
         preparePaths();
         if (!makeOutputFolder())
             return result_;
-        if (IsChecked(dialog_, IDC_BACK_UP_SCENE))
+        if (choices_.isChecked(IDC_BACK_UP_SCENE))
             cleanScene();
         if (!packScene())
             return result_;
@@ -74,6 +86,9 @@ public:
         postJob();
         return kSubmitEnded;
     }
+
+    // Hands on what was collected, for the dialog to show and for the next submission to go by.
+    void keepResults();
 
 private:
     void takeCoronaLimits();
@@ -92,6 +107,7 @@ private:
     void postJob();
 
     bool askWithoutCameras();
+    bool mayReplace(const std::wstring& scene);
     double number(int control, double otherwise) const;
     std::int32_t wholeNumber(int control, std::int32_t otherwise) const;
     int show(unsigned textId, UINT type = MB_OK);
@@ -100,10 +116,12 @@ private:
     void closeDialog() { ::EndDialog(dialog_, 0); }
 
     PluginData& data_ = PluginData::instance();
-    SceneAnalysis& analysis_ = data_.analysis;
+    SubmissionChoices choices_;
+    SceneAnalysis& analysis_ =
+        choices_.analysis; // its own: the scene may be analysed anew meanwhile
     HWND dialog_;
-    const std::wstring caption_;
-    const std::wstring languageMarker_;
+    const std::wstring& caption_;
+    const std::wstring& languageMarker_;
     std::int32_t result_ = kSubmitEnded;
 
     std::wstring sceneName_; // without extension
@@ -115,11 +133,12 @@ private:
 
 // What the dialog has no control for keeps the value that the analysis found.
 double Submission::number(int control, double otherwise) const {
-    return HasControl(dialog_, control) ? ControlNumber(dialog_, control) : otherwise;
+    return choices_.texts.count(control) != 0 ? DecimalNumber(WideToUtf8(choices_.text(control)))
+                                              : otherwise;
 }
 
 std::int32_t Submission::wholeNumber(int control, std::int32_t otherwise) const {
-    return HasControl(dialog_, control) ? ControlWholeNumber(dialog_, control) : otherwise;
+    return Truncated(number(control, otherwise));
 }
 
 int Submission::show(unsigned textId, UINT type) {
@@ -152,7 +171,8 @@ void Submission::takeCoronaLimits() {
         return;
     analysis_.coronaPassLimit = passes;
     analysis_.coronaTimeLimitHours = hours;
-    if (HasControl(dialog_, IDC_TIME_LIMIT)) // the analysis' own seconds have no rounding in them
+    if (choices_.texts.count(IDC_TIME_LIMIT) !=
+        0) // the analysis' own seconds have no rounding in them
         analysis_.coronaTimeLimitSeconds = Truncated(hours * 3600.0);
     analysis_.coronaNoiseLimit = noise;
 }
@@ -160,9 +180,13 @@ void Submission::takeCoronaLimits() {
 bool Submission::checkCameras() {
     std::vector<std::wstring> badNames;
     const int outcome =
-        ValidateCamerasForSubmit(::GetDlgItem(dialog_, IDC_CAMERAS), analysis_.cameras, badNames);
+        choices_.hasCameraTable
+            ? ValidateCamerasForSubmit(choices_.cameras, analysis_.cameras, badNames)
+            : kCamerasUnread;
     ::SendMessageW(dialog_, kRebuildCameraTable, 0, 0); // the table shows what was taken
     switch (outcome) {
+    case kCamerasUnread:
+        return endWith(IDS_CHOICES_NOT_READ, kSubmitFailed, "the camera table is not known.");
     case kCameraNamesBad:
         return endWith(IDS_CAMERA_NAMES_UNUSABLE, kSubmitFailed, "a camera name cannot be used.");
     case kNoCameraChecked:
@@ -177,26 +201,26 @@ bool Submission::askWithoutCameras() {
 }
 
 bool Submission::checkCorona() {
-    return CheckCoronaLimits(dialog_) == kCoronaGoOn || end(kSubmitFailed);
+    return CheckCoronaLimits(analysis_, dialog_) == kCoronaGoOn || end(kSubmitFailed);
 }
 
 void Submission::takeRenderElements() {
-    analysis_.colorChannel = IsChecked(dialog_, IDC_COLOR_CHANNEL);
-    analysis_.aoChannel = IsChecked(dialog_, IDC_AO_CHANNEL);
+    analysis_.colorChannel = choices_.isChecked(IDC_COLOR_CHANNEL);
+    analysis_.aoChannel = choices_.isChecked(IDC_AO_CHANNEL);
     if (analysis_.aoChannel) {
         analysis_.aoRadius = number(IDC_AO_RADIUS, analysis_.aoRadius);
         analysis_.aoSubdivs = wholeNumber(IDC_AO_SUBDIVS, analysis_.aoSubdivs);
     }
-    analysis_.materialChannel = IsChecked(dialog_, IDC_MATERIAL_CHANNEL);
-    analysis_.giChannel = IsChecked(dialog_, IDC_GI_CHANNEL);
-    analysis_.psdChannel = IsChecked(dialog_, IDC_PSD_CHANNEL);
+    analysis_.materialChannel = choices_.isChecked(IDC_MATERIAL_CHANNEL);
+    analysis_.giChannel = choices_.isChecked(IDC_GI_CHANNEL);
+    analysis_.psdChannel = choices_.isChecked(IDC_PSD_CHANNEL);
     // A report without a gamma leaves the product's own.
     const float gammaFound = analysis_.gammaOut > 0.0F ? analysis_.gammaOut : analysis_.gamma;
     analysis_.gamma = static_cast<float>(number(IDC_GAMMA, gammaFound));
 }
 
 bool Submission::takeSceneName() {
-    const std::wstring typed = ControlText(dialog_, IDC_SCENE_NAME);
+    const std::wstring typed = choices_.text(IDC_SCENE_NAME);
     sceneName_ = SceneNameOf(typed);
     if (IsUsableSceneName(typed) && IsUsableSceneName(sceneName_))
         return true;
@@ -209,12 +233,28 @@ bool Submission::saveScene() {
     data_.stage = SubmissionStage::Saving;
     const std::string fileName =
         sceneName_.empty() ? std::string() : WideToUtf8(SceneFileNameOf(sceneName_));
+    if (!mayReplace(SceneToReplace(analysis_, fileName)))
+        return end(kSubmitEnded);
     scenePath_ = SaveSceneAs(analysis_, ::GetDlgItem(dialog_, IDC_SCENE_NAME), fileName);
     if (scenePath_.empty())
         return endWith(IDS_SCENE_NOT_SAVED, kSubmitEnded, "the scene is not saved.");
     if (sceneName_.empty())
         sceneName_ = StemPart(Utf8ToWide(scenePath_)); // the name that the scene kept
     return true;
+}
+
+// Another scene may lie there under the typed name.
+bool Submission::mayReplace(const std::wstring& scene) {
+    if (scene.empty())
+        return true;
+    const ProgressHold hold;
+    const std::wstring question = ResourceText(IDS_SCENE_REPLACED) + L"\n\n" + scene;
+    if (ShowMessage(dialog_, question, caption_, MB_YESNO | MB_DEFBUTTON2, languageMarker_) ==
+        IDYES)
+        return true;
+    data_.writeLog(kInfo,
+                   "Save scene: the user keeps the scene that is there: " + WideToUtf8(scene));
+    return false;
 }
 
 bool Submission::nameJob() {
@@ -225,9 +265,9 @@ bool Submission::nameJob() {
 void Submission::preparePaths() {
     data_.loadClientInfo(paths_);
     paths_.scenePath = scenePath_;
-    const LRESULT selection = ::SendDlgItemMessageW(dialog_, IDC_GI_SCALE, CB_GETCURSEL, 0, 0);
+    const std::int32_t selection = choices_.selection(IDC_GI_SCALE);
     paths_.giScaleText = GiScaleText(selection);
-    paths_.giScaleIndex = static_cast<std::int32_t>(selection);
+    paths_.giScaleIndex = selection;
     paths_.ip = kClientAddress;
 }
 
@@ -247,6 +287,7 @@ void Submission::cleanScene() {
     SceneBackup backup; // a safety net for as long as the cleaning scripts run
     BackupSceneFile(analysis_, backup.path);
     RunVirusScripts();
+    backup.remove();
 }
 
 bool Submission::packScene() {
@@ -269,7 +310,7 @@ void Submission::runArchiver() {
 
 bool Submission::describeJob() {
     data_.stage = SubmissionStage::Describing;
-    return WriteJobDescription(analysis_, dialog_, paths_, jobName_, requestBody_) ||
+    return WriteJobDescription(analysis_, choices_, dialog_, paths_, jobName_, requestBody_) ||
            end(kSubmitFailed);
 }
 
@@ -282,29 +323,77 @@ void Submission::postJob() {
         closeDialog();
 }
 
-std::int32_t RunSubmission(HWND dialog, std::wstring caption, std::wstring languageMarker) {
+// Nobody else changes the shared analysis while a submission runs; its report and cameras stay as
+// they are, except for the ticks.
+void Submission::keepResults() {
+    SceneAnalysis& shared = data_.analysis;
+    shared.sceneFilePath = analysis_.sceneFilePath;
+    shared.recordedSceneName = analysis_.recordedSceneName;
+    shared.saveCount = analysis_.saveCount;
+    shared.useCorona = analysis_.useCorona;
+    shared.coronaPassLimit = analysis_.coronaPassLimit;
+    shared.coronaTimeLimitHours = analysis_.coronaTimeLimitHours;
+    shared.coronaTimeLimitSeconds = analysis_.coronaTimeLimitSeconds;
+    shared.coronaNoiseLimit = analysis_.coronaNoiseLimit;
+    shared.colorChannel = analysis_.colorChannel;
+    shared.aoChannel = analysis_.aoChannel;
+    shared.aoRadius = analysis_.aoRadius;
+    shared.aoSubdivs = analysis_.aoSubdivs;
+    shared.materialChannel = analysis_.materialChannel;
+    shared.giChannel = analysis_.giChannel;
+    shared.psdChannel = analysis_.psdChannel;
+    shared.gamma = analysis_.gamma;
+    for (const CameraRow& row : choices_.cameras) {
+        const auto camera = shared.cameras.find(row.name);
+        if (camera != shared.cameras.end())
+            camera->second.selected = row.isChecked;
+    }
+}
+
+std::int32_t RunSubmission(SubmissionChoices choices, HWND dialog, const std::wstring& caption,
+                           const std::wstring& languageMarker) {
     std::string what = "unknown error";
     try {
-        return Submission(dialog, std::move(caption), std::move(languageMarker)).run();
+        Submission submission(std::move(choices), dialog, caption, languageMarker);
+        const std::int32_t result = submission.run();
+        submission.keepResults();
+        return result;
     } catch (const std::exception& error) {
         what = error.what();
     } catch (...) {
         // Nothing is known of it.
     }
     PluginData::instance().writeLog(kError, "Submission: unexpected error: " + what);
-    EndProgress();
+    TellUnexpectedEnd(dialog, caption, languageMarker);
     return kSubmitFailed;
+}
+
+std::int32_t Logged(std::int32_t result) {
+    PluginData::instance().writeLog(kInfo,
+                                    "The submission ended with " + std::to_string(result) + ".");
+    return result;
 }
 
 } // namespace
 
-std::int32_t SubmitJob(HWND dialog, std::wstring caption, std::wstring,
+std::int32_t SubmitJob(SubmissionChoices choices, HWND dialog, std::wstring caption, std::wstring,
                        std::wstring languageMarker) {
-    const std::int32_t result =
-        RunSubmission(dialog, std::move(caption), std::move(languageMarker));
-    PluginData::instance().writeLog(kInfo,
-                                    "The submission ended with " + std::to_string(result) + ".");
-    return result;
+    return Logged(RunSubmission(std::move(choices), dialog, caption, languageMarker));
+}
+
+std::int32_t SubmitJob(HWND dialog, std::wstring caption, std::wstring unused,
+                       std::wstring languageMarker) {
+    PluginData& data = PluginData::instance();
+    SubmissionChoices choices;
+    if (TakeChoices(dialog, choices)) {
+        choices.analysis = data.analysis;
+        return SubmitJob(std::move(choices), dialog, std::move(caption), std::move(unused),
+                         std::move(languageMarker));
+    }
+    EndProgress();
+    data.writeLog(kError, kChoicesNotRead);
+    ShowMessage(dialog, ResourceText(IDS_CHOICES_NOT_READ), caption, MB_OK, languageMarker);
+    return Logged(kSubmitFailed);
 }
 
 } // namespace orv

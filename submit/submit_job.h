@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/windows.h"
+#include "config/submission_choices.h"
 
 #include <cstdint>
 #include <string>
@@ -11,11 +12,19 @@ namespace orv {
 constexpr std::int32_t kSubmitEnded = 0;   // handed over, or ended quietly
 constexpr std::int32_t kSubmitFailed = -1; // a check or a step failed
 
-// Collects the options from `dialog`, saves and packs the scene, writes the job description and
-// posts it to the client. Runs on the submit worker, never on the dialog's own thread; Winsock must
-// be started. `caption` is the caption of its message boxes, and `languageMarker` (text 57) decides
-// their language. Closes the dialog when the client took the job, and when its scene name
-// cannot be used. Returns one of the codes above. Lets no exception out.
+// Checks what was chosen, saves and packs the scene, writes the job description and posts it to the
+// client. Works on `choices` alone; `dialog`, which may be gone, owns the message boxes, is told to
+// rebuild its camera table, and is closed when the client took the job and when the scene's name
+// cannot be used. What the submission collected is put into PluginData's analysis when it ends.
+// Runs on the submit worker, never on the dialog's own thread; Winsock must be started. `caption`
+// is the caption of its message boxes, and `languageMarker` (text 57) decides their language.
+// Returns one of the codes above. Lets no exception out: an unexpected one ends the submission with
+// a message.
+std::int32_t SubmitJob(SubmissionChoices choices, HWND dialog, std::wstring caption,
+                       std::wstring unused, std::wstring languageMarker);
+
+// The same for what stands in `dialog` now. When the dialog is gone, the user is told, and nothing
+// is sent.
 std::int32_t SubmitJob(HWND dialog, std::wstring caption, std::wstring unused,
                        std::wstring languageMarker);
 

@@ -1,6 +1,7 @@
 #include "ui/workers.h"
 
 #include "client/winsock_session.h"
+#include "config/dialog_messages.h"
 #include "config/plugin_data.h"
 #include "config/remembered_settings.h"
 #include "host/host.h"
@@ -9,13 +10,16 @@
 #include "resources/text.h"
 #include "resources/texts.h"
 #include "submit/submit_job.h"
+#include "submit/unexpected_end.h"
 #include "ui/progress/progress_dialog.h"
 #include "ui/worker_start.h"
 
 #include <exception>
+#include <memory>
 #include <string>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 namespace orv {
 namespace {
@@ -35,10 +39,11 @@ private:
     LANGID uiLanguage_;
 };
 
-// What a worker takes along: copies, because the dialog may be gone before the worker ends. Only
-// SubmitJob and the progress dialog use the handle, and a dead one makes their calls fail, no more.
+// What a worker takes along: copies, because the dialog may be gone before the worker ends. The
+// handle is there to own windows and to send messages to, and a dead one makes those fail, no more.
 struct WorkerArguments {
     HWND dialog;
+    std::shared_ptr<SubmissionChoices> choices; // the submit worker's, once the workers run
     std::wstring caption;
     std::wstring checkCaption;
     std::wstring languageMarker;
@@ -53,37 +58,44 @@ void LogError(const std::string& message) noexcept {
     }
 }
 
-// Runs `body` so that nothing it throws ends the host.
+// Runs `body` so that nothing it throws ends the host. False when it threw.
 template<class Body>
-void RunGuarded(const char* worker, Body body) noexcept {
+bool RunGuarded(const char* worker, Body body) noexcept {
     try {
         body();
+        return true;
     } catch (const std::exception& error) {
         LogError(std::string(worker) + " ended by an unexpected error: " + error.what());
     } catch (...) {
         LogError(std::string(worker) + " ended by an unexpected error.");
     }
+    return false;
 }
 
 void RunSubmitWorker(const WorkerArguments& arguments) noexcept {
-    RunGuarded("The submit worker", [&arguments] {
+    const bool isDone = RunGuarded("The submit worker", [&arguments] {
         arguments.language.use();
-        saveRememberedSettings(arguments.dialog);
+        saveRememberedSettings(*arguments.choices);
         const WinsockSession network; // the dialog's own ends when the dialog is closed
-        SubmitJob(arguments.dialog, arguments.caption, arguments.checkCaption,
-                  arguments.languageMarker);
+        SubmitJob(std::move(*arguments.choices), arguments.dialog, arguments.caption,
+                  arguments.checkCaption, arguments.languageMarker);
     });
+    if (!isDone)
+        TellUnexpectedEnd(arguments.dialog, arguments.caption, arguments.languageMarker);
     PluginData& data = PluginData::instance();
     if (IsWorkerRunning(data.progressState))
         data.done = true;
     data.submitState = kWorkerFinished;
+    // Waits for nobody, and overtakes what the user has clicked meanwhile.
+    ::SendNotifyMessageW(arguments.dialog, kSubmissionEnded, 0, 0);
 }
 
 void RunProgressWorker(const WorkerArguments& arguments) noexcept {
     PluginData& data = PluginData::instance();
     RunGuarded("The progress worker", [&arguments, &data] {
         arguments.language.use();
-        ProgressDialog(data).run(IDD_PROGRESS, arguments.dialog);
+        if (::IsWindow(arguments.dialog)) // it goes with the dialog, and does not come without it
+            ProgressDialog(data).run(IDD_PROGRESS, arguments.dialog);
     });
     data.progressState = kWorkerFinished;
 }
@@ -102,15 +114,25 @@ void KeepLibraryLoaded() {
 
 } // namespace
 
-SubmissionStart StartSubmission(HWND dialog, bool savesFirst) noexcept {
+SubmissionStart StartSubmission(HWND dialog) noexcept {
     try {
         PluginData& data = PluginData::instance();
         if (IsWorkerRunning(data.submitState))
             return SubmissionStart::RunsAlready;
         KeepLibraryLoaded();
-        const WorkerArguments arguments = {dialog, ResourceText(IDS_CAPTION),
+        const auto choices = std::make_shared<SubmissionChoices>();
+        if (!TakeChoices(dialog, *choices)) { // before the host runs other messages while it saves
+            LogError(kChoicesNotRead);
+            return SubmissionStart::Failed;
+        }
+        choices->analysis = data.analysis;
+        const bool savesFirst = choices->isChecked(IDC_SAVE_SCENE_FILE);
+        const WorkerArguments arguments = {dialog,
+                                           choices,
+                                           ResourceText(IDS_CAPTION),
                                            ResourceText(IDS_CAPTION_CHECK),
-                                           ResourceText(IDS_LANGUAGE_MARKER), ThreadLanguage()};
+                                           ResourceText(IDS_LANGUAGE_MARKER),
+                                           ThreadLanguage()};
         // Cleared before the threads start: a submission that fails at once sets them within this
         // very function, and clearing them afterwards would lose that.
         data.done = false;
@@ -120,8 +142,9 @@ SubmissionStart StartSubmission(HWND dialog, bool savesFirst) noexcept {
         bool isSaved = true;
         StartWorkerOnce(data.submitState, [&] {
             // The host may ask the user for a file name and deal with other messages meanwhile:
-            // the state keeps a second submission away, and the dialog may be gone afterwards.
-            isSaved = !savesFirst || (host::SaveScene() && ::IsWindow(dialog));
+            // the state keeps a second submission away. The dialog may be gone afterwards; what it
+            // was asked to submit is submitted all the same.
+            isSaved = !savesFirst || host::SaveScene();
             if (isSaved)
                 std::thread(RunSubmitWorker, arguments).detach();
             else

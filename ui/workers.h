@@ -12,11 +12,12 @@ enum class SubmissionStart {
     Failed,        // nothing was started; the log tells why
 };
 
-// Starts the submit worker, which runs the submission of `dialog`, and the progress worker, which
-// shows the progress dialog over it. Both go on when `dialog` is closed. With `savesFirst` the host
-// is asked to save the open scene before. To be called on the dialog's thread, whose language the
-// workers take over; lets no exception out.
-SubmissionStart StartSubmission(HWND dialog, bool savesFirst) noexcept;
+// Takes the choices of `dialog`, and starts the submit worker, which submits what was chosen, and
+// the progress worker, which shows the progress dialog over `dialog`. When the choice is to save
+// the scene first, the host is asked to before the workers start. From the taking on the submission
+// goes its way, also when `dialog` is closed; kSubmissionEnded tells `dialog` of its end. To be
+// called on the dialog's thread, whose language the workers take over; lets no exception out.
+SubmissionStart StartSubmission(HWND dialog) noexcept;
 
 // Whether a submission runs.
 bool IsSubmissionRunning();

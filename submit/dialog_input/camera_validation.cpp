@@ -1,6 +1,7 @@
 #include "submit/dialog_input/camera_validation.h"
 
 #include "analysis/text/name_rules.h"
+#include "config/dialog_messages.h"
 #include "log/module_log.h"
 #include "submit/dialog_input/dialog_log.h"
 
@@ -16,11 +17,20 @@ struct Outcome {
 };
 
 constexpr Outcome kOutcomes[] = {
+    {kCamerasUnread, kError, "The camera table could not be read!"},
     {kCamerasValid, kInfo, "The information of cameras to be submit is valid."},
     {kCameraFrameNegative, kError, "The parameter frame to render is less than 0!"},
     {kCameraNamesBad, kError, "The camera names to render contain invalid characters or empty!"},
     {kNoCameraChecked, kError, "No camera checked!"},
 };
+
+int Logged(int code) {
+    for (const Outcome& outcome : kOutcomes) {
+        if (outcome.code == code)
+            WriteDialogLog(outcome.level, outcome.logLine);
+    }
+    return code;
+}
 
 bool IsBlankOrStop(wchar_t character) {
     return character == L' ' || character == L'.';
@@ -51,14 +61,16 @@ int ValidateCameraRows(const std::vector<CameraRow>& rows, CameraMap& cameras,
     return anyChecked ? kCamerasValid : kNoCameraChecked;
 }
 
+int ValidateCamerasForSubmit(const std::vector<CameraRow>& rows, CameraMap& cameras,
+                             std::vector<std::wstring>& badNames) {
+    return Logged(ValidateCameraRows(rows, cameras, badNames));
+}
+
 int ValidateCamerasForSubmit(HWND cameraTable, CameraMap& cameras,
                              std::vector<std::wstring>& badNames) {
-    const int code = ValidateCameraRows(ReadCameraRows(cameraTable), cameras, badNames);
-    for (const Outcome& outcome : kOutcomes) {
-        if (outcome.code == code)
-            WriteDialogLog(outcome.level, outcome.logLine);
-    }
-    return code;
+    std::vector<CameraRow> rows;
+    return TakeCameraRows(cameraTable, rows) ? ValidateCamerasForSubmit(rows, cameras, badNames)
+                                             : Logged(kCamerasUnread);
 }
 
 } // namespace orv

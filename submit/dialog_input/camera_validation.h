@@ -2,14 +2,14 @@
 #pragma once
 
 #include "base/windows.h"
-#include "config/scene_analysis.h"
-#include "submit/dialog_input/camera_rows.h"
+#include "config/submission_choices.h"
 
 #include <string>
 #include <vector>
 
 namespace orv {
 
+constexpr int kCamerasUnread = -1; // nothing is known of the rows
 constexpr int kCamerasValid = 0;
 constexpr int kCameraFrameNegative = 1;
 constexpr int kCameraNamesBad = 2;
@@ -25,8 +25,12 @@ bool IsUsableCameraName(const std::wstring& name);
 int ValidateCameraRows(const std::vector<CameraRow>& rows, CameraMap& cameras,
                        std::vector<std::wstring>& badNames);
 
-// The same for the rows of the list view `cameraTable`, from any thread of the process. Writes the
-// result to "rud_ui".
+// The same, with a line for the result in "rud_ui".
+int ValidateCamerasForSubmit(const std::vector<CameraRow>& rows, CameraMap& cameras,
+                             std::vector<std::wstring>& badNames);
+
+// The same for the rows of the list view `cameraTable`, from any thread of the process.
+// kCamerasUnread, with nothing changed, when the table or its dialog is gone.
 int ValidateCamerasForSubmit(HWND cameraTable, CameraMap& cameras,
                              std::vector<std::wstring>& badNames);
 

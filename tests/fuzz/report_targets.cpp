@@ -95,7 +95,7 @@ public:
         paths.scenePath = "D:/scenes/room.max";
         paths.giScaleIndex = static_cast<std::int32_t>(bytes.size() % 5) - 1;
         std::string request;
-        if (!WriteJobDescription(analysis, nullptr, paths, L"job", request)) {
+        if (!WriteJobDescription(analysis, SubmissionChoices(), nullptr, paths, L"job", request)) {
             Require(request.empty(), "no request without a job");
             return;
         }

@@ -1,10 +1,10 @@
 #include "ui/camera_table/camera_table.h"
 
 #include "base/dc.h"
+#include "config/dialog_controls.h"
 #include "log/module_log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "submit/dialog_input/camera_rows.h"
 #include "submit/dialog_input/dialog_log.h"
 
 namespace orv {
@@ -112,7 +112,10 @@ void CameraTable::update(const CameraMap& cameras) {
 }
 
 void CameraTable::readTicks(CameraMap& cameras) const {
-    for (const CameraRow& row : ReadCameraRows(list_)) {
+    std::vector<CameraRow> rows;
+    if (!ReadCameraRows(list_, rows))
+        return; // the records keep what they have
+    for (const CameraRow& row : rows) {
         const auto camera = cameras.find(row.name);
         if (camera != cameras.end())
             camera->second.selected = row.isChecked;

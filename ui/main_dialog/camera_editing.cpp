@@ -1,7 +1,7 @@
 #include "ui/main_dialog/camera_editing.h"
 
+#include "config/dialog_controls.h"
 #include "resources/controls.h"
-#include "submit/dialog_input/camera_rows.h"
 #include "ui/render_options/render_options.h"
 
 #include <commctrl.h>
@@ -14,8 +14,10 @@ namespace {
 
 // The names of the rows that are in all these states (LVNI_SELECTED, LVNI_FOCUSED), from the top.
 std::vector<std::wstring> NamesOfRows(HWND table, LPARAM states) {
-    const std::vector<CameraRow> rows = ReadCameraRows(table);
+    std::vector<CameraRow> rows;
     std::vector<std::wstring> names;
+    if (!ReadCameraRows(table, rows))
+        return names;
     for (LRESULT row = -1;;) {
         row = ::SendMessageW(table, LVM_GETNEXTITEM, static_cast<WPARAM>(row), states);
         if (row < 0 || row >= static_cast<LRESULT>(rows.size()))

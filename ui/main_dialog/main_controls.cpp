@@ -1,7 +1,7 @@
 #include "ui/main_dialog/main_controls.h"
 
+#include "config/dialog_controls.h"
 #include "resources/controls.h"
-#include "submit/dialog_input/dialog_controls.h"
 #include "ui/main_dialog/block_mode.h"
 
 #include <commctrl.h>

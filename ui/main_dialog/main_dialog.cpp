@@ -5,12 +5,13 @@
 #include "analysis/text/text_convert.h"
 #include "base/product.h"
 #include "config/client_info.h"
+#include "config/dialog_messages.h"
 #include "host/host.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "submit/dialog_input/dialog_controls.h"
 #include "submit/dialog_input/dialog_log.h"
+#include "submit/dialog_input/scene_name_text.h"
 #include "ui/camera_table/scene_name_field.h"
 #include "ui/camera_table/warnings_list.h"
 #include "ui/decimal_field.h"
@@ -72,8 +73,7 @@ bool MainDialog::onInit(LPARAM /*parameter*/) {
 }
 
 bool MainDialog::onCommand(int id, int code) {
-    // The records belong to the submission while one runs.
-    const bool free = !IsSubmissionRunning();
+    const bool free = isFree();
     if (onOption(id, code))
         return true;
     switch (id) {
@@ -97,7 +97,10 @@ bool MainDialog::onCommand(int id, int code) {
             cameras_.invertSelection(data_.analysis.cameras);
         return true;
     case IDCANCEL:
-        end(0);
+        // The keyboard is with Cancel while a submission runs: an Enter that is held down since it
+        // pressed Submit is no press of Cancel.
+        if (!lock_.isLocked() || ::GetKeyState(VK_RETURN) >= 0)
+            end(0);
         return true;
     default:
         return false;
@@ -106,11 +109,11 @@ bool MainDialog::onCommand(int id, int code) {
 
 bool MainDialog::onNotify(NMHDR& header, LRESULT& result) {
     if (header.idFrom == IDC_CAMERAS && ChangesSelection(header)) {
-        UpdateEditButton(window());
+        updateEditButton();
         return false; // the table goes on with it
     }
     if (header.idFrom == IDC_CAMERAS && header.code == static_cast<UINT>(NM_DBLCLK)) {
-        if (reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0 && !IsSubmissionRunning())
+        if (reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0 && isFree())
             EditFocusedCamera(window(), cameras_, data_);
         return true;
     }
@@ -139,13 +142,20 @@ void MainDialog::onDestroy() {
     winsock_.reset();
 }
 
-bool MainDialog::onMessage(UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) {
-    if (message != kRebuildCameraTable)
-        return false;
-    cameras_.update(data_.analysis.cameras);
-    UpdateEditButton(window()); // the new rows are not selected
-    fillWarnings();
-    return true;
+bool MainDialog::onMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/) {
+    switch (message) {
+    case kRebuildCameraTable:
+        cameras_.update(data_.analysis.cameras);
+        updateEditButton(); // the new rows are not selected
+        fillWarnings();
+        return true;
+    case kSubmissionEnded:
+        if (lock_.isLocked() && !IsSubmissionRunning())
+            endSubmitting();
+        return true;
+    default:
+        return AnswerTakeChoices(window(), message, wParam);
+    }
 }
 
 MainDialog::Outcome MainDialog::initialise(bool first) {
@@ -222,7 +232,11 @@ bool MainDialog::readReport() {
 
 void MainDialog::fill(bool first) {
     selectBlocks(IDC_NO_BLOCKS);
-    SetSceneName(control(IDC_SCENE_NAME), InitSceneName(data_.analysis));
+    const std::string sceneFile = InitSceneName(data_.analysis);
+    SetSceneName(control(IDC_SCENE_NAME), sceneFile);
+    // The open scene lies under this name: only another one that is typed has to be saved.
+    data_.analysis.recordedSceneName =
+        sceneFile.empty() ? std::string() : WideToUtf8(SceneFileNameOf(Utf8ToWide(sceneFile)));
     fillWarnings();
     if (first)
         cameras_.attach(control(IDC_CAMERAS));
@@ -254,17 +268,41 @@ void MainDialog::analyseAgain() {
 }
 
 void MainDialog::submit() {
-    if (!HasOnlySceneNameCharacters(GetSceneName(control(IDC_SCENE_NAME)))) {
-        refuse(ResourceText(IDS_SCENE_NAME_UNUSABLE));
+    if (!isFree())
         return;
-    }
+    isSubmitting_ = true;
+    if (!startSubmission())
+        endSubmitting();
+}
+
+bool MainDialog::startSubmission() {
+    if (!HasOnlySceneNameCharacters(GetSceneName(control(IDC_SCENE_NAME))))
+        return refuse(ResourceText(IDS_SCENE_NAME_UNUSABLE));
     if (data_.confirmationRequired &&
         ShowMessage(window(), IDS_CONFIRM_SUBMISSION, IDS_CAPTION, MB_OKCANCEL) != IDOK)
-        return;
+        return false;
     takeBlocks();
-    const bool savesFirst = IsChecked(window(), IDC_SAVE_SCENE_FILE);
-    if (StartSubmission(window(), savesFirst) == SubmissionStart::Failed)
+    cameras_.readTicks(data_.analysis.cameras); // the submission has the table rebuilt from them
+    lock_.lock(window());
+    const SubmissionStart start = StartSubmission(window());
+    if (start == SubmissionStart::Failed)
         ShowMessage(window(), IDS_SUBMISSION_NOT_STARTED, IDS_CAPTION);
+    return start == SubmissionStart::Started;
+}
+
+void MainDialog::endSubmitting() {
+    isSubmitting_ = false;
+    lock_.unlock();
+    updateEditButton(); // rows may have been selected or rebuilt meanwhile
+}
+
+bool MainDialog::isFree() const {
+    return !isSubmitting_ && !IsSubmissionRunning();
+}
+
+void MainDialog::updateEditButton() {
+    if (!lock_.isLocked())
+        UpdateEditButton(window());
 }
 
 bool MainDialog::refuse(const std::wstring& text) {

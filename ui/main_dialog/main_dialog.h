@@ -5,9 +5,9 @@
 #include "config/plugin_data.h"
 #include "config/remembered_settings.h"
 #include "host/host.h"
-#include "submit/dialog_input/camera_rows.h"
 #include "ui/camera_table/camera_table.h"
 #include "ui/dialog.h"
+#include "ui/main_dialog/control_lock.h"
 
 #include <cstdint>
 #include <memory>
@@ -65,6 +65,13 @@ private:
 
     void analyseAgain();
     void submit();
+    // True when the submission runs now; otherwise the user was told what there is to tell.
+    bool startSubmission();
+    void endSubmitting();
+    // Whether the analysis and the controls are the dialog's: they belong to the submission from
+    // the press of Submit to its end.
+    bool isFree() const;
+    void updateEditButton();
     // Shows a message and ends the dialog; false, for a check to return.
     bool refuse(const std::wstring& text);
 
@@ -73,6 +80,8 @@ private:
     // While the dialog is open:
     std::unique_ptr<WinsockSession> winsock_;
     std::unique_ptr<host::ToolTips> toolTips_;
+    bool isSubmitting_ = false;
+    ControlLock lock_;
 };
 
 } // namespace orv

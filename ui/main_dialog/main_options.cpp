@@ -1,9 +1,9 @@
 // The options of the main dialog: what they start with, what is restored, what a change leads to.
+#include "config/dialog_controls.h"
 #include "config/remembered_settings.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "submit/dialog_input/dialog_controls.h"
 #include "ui/main_dialog/block_mode.h"
 #include "ui/main_dialog/main_controls.h"
 #include "ui/main_dialog/main_dialog.h"

@@ -1,4 +1,6 @@
 // The dialog and the workers of its submission: their states, and what happens while they run.
+#include "base/folders.h"
+#include "config/dialog_messages.h"
 #include "config/plugin_data.h"
 #include "resources/controls.h"
 #include "tests/dialogs/dialog_user.h"
@@ -9,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <set>
 #include <utility>
 
 namespace orv {
@@ -36,6 +39,19 @@ protected:
     }
     bool workersEnded() const {
         return data_.submitState != kWorkerRunning && data_.progressState != kWorkerRunning;
+    }
+    static bool canSubmit(HWND window) {
+        return ::IsWindowEnabled(window) && ::IsWindowEnabled(::GetDlgItem(window, IDC_SUBMIT));
+    }
+    // The controls of the dialog that are enabled.
+    static std::set<int> enabledControls(HWND window) {
+        std::set<int> enabled;
+        for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr;
+             child = ::GetWindow(child, GW_HWNDNEXT)) {
+            if (::IsWindowEnabled(child))
+                enabled.insert(::GetDlgCtrlID(child));
+        }
+        return enabled;
     }
     bool saving() const {
         return WaitUntil([this] { return saves_ > 0; });
@@ -95,6 +111,85 @@ TEST_F(Submitting, ShowsProgressOverTheDialogUntilItEnds) {
     }));
 }
 
+TEST_F(Submitting, KeepsTheControlsButCancelUntilItEnds) {
+    const OpenDialog dialog;
+    const HWND window = dialog.window();
+    ASSERT_NE(window, nullptr);
+    ClickCheckBox(window, IDC_CAMERAS, 0);
+    Press(window, IDC_AO_CHANNEL); // enables what belongs to it; others stay disabled
+    Type(window, IDC_SCENE_NAME, L"other");
+    const std::set<int> before = enabledControls(window);
+    ASSERT_EQ(before.count(IDC_AO_RADIUS), 1U);
+    ASSERT_EQ(before.count(IDC_BLOCK_COUNT), 0U);
+    ASSERT_EQ(before.count(IDC_EDIT_CAMERAS), 0U);
+    Press(window, IDC_SUBMIT);
+    ASSERT_TRUE(saving());
+    EXPECT_EQ(enabledControls(window), std::set<int>{IDCANCEL});
+    ::SendMessageW(window, kSubmissionEnded, 0, 0); // from whoever
+    ::SendMessageW(window, kRebuildCameraTable, 0, 0);
+    EXPECT_EQ(enabledControls(window), std::set<int>{IDCANCEL});
+    release_ = true;
+    ASSERT_TRUE(WaitUntil([window] { return canSubmit(window); }));
+    EXPECT_EQ(enabledControls(window), before);
+}
+
+TEST_F(Submitting, ShowsNothingWhenSubmitIsPressedAgain) {
+    const OpenDialog dialog;
+    const HWND window = dialog.window();
+    ASSERT_NE(window, nullptr);
+    ClickCheckBox(window, IDC_CAMERAS, 0);
+    Type(window, IDC_SCENE_NAME, L"other");
+    Press(window, IDC_SUBMIT);
+    ASSERT_TRUE(saving());
+    data_.confirmationRequired = true; // illegal references
+    ::SendMessageW(window, WM_COMMAND, IDC_SUBMIT, 0);
+    ::SetDlgItemTextW(window, IDC_SCENE_NAME, L"50%");
+    ::SendMessageW(window, WM_COMMAND, IDC_SUBMIT, 0);
+    EXPECT_EQ(boxes_->seen().size(), 0U);
+    EXPECT_FALSE(dialog.ended());
+    EXPECT_TRUE(::IsWindow(window));
+}
+
+// An Escape that waits in the queue while the host saves.
+TEST_F(Submitting, SendsWhatWasChosenWhenTheDialogIsClosedWhileTheHostSaves) {
+    scene_.host.onSave = [] {
+        ::SendMessageW(FindDialogWith(IDC_CAMERAS), WM_COMMAND, IDCANCEL, 0);
+        return true;
+    };
+    const OpenDialog dialog;
+    const HWND window = dialog.window();
+    ASSERT_NE(window, nullptr);
+    ClickCheckBox(window, IDC_CAMERAS, 1);
+    Press(window, IDC_REMEMBER);
+    Press(window, IDC_COLOR_CHANNEL);
+    Type(window, IDC_SCENE_NAME, L"chosen");
+    Press(window, IDC_SUBMIT);
+    EXPECT_TRUE(dialog.waitForEnd());
+    ASSERT_TRUE(saving());
+    EXPECT_EQ(boxes_->seen().size(), 0U) << "a camera is ticked";
+    release_ = true;
+    ASSERT_TRUE(WaitUntil([this] { return workersEnded(); }));
+    EXPECT_EQ(scene_.host.savedPaths(),
+              std::vector<std::wstring>{scene_.scenes.file(L"chosen.max")});
+    EXPECT_TRUE(data_.analysis.colorChannel);
+    EXPECT_EQ(ReadGeneralSetting(L"RENDER_CHANNEL_COLOR"), L"1");
+    EXPECT_EQ(ReadGeneralSetting(L"EDIT_OUTPUT_GAMMA"), L"2.2");
+}
+
+// With "save the scene first" unticked and the name as it was, the file on disk is not touched.
+TEST_F(Submitting, LeavesTheSceneAloneUnderTheNameThatItHas) {
+    const OpenDialog dialog;
+    const HWND window = dialog.window();
+    ASSERT_NE(window, nullptr);
+    ClickCheckBox(window, IDC_CAMERAS, 0);
+    Press(window, IDC_SAVE_SCENE_FILE);
+    Press(window, IDC_SUBMIT);
+    ASSERT_TRUE(boxes_->waitForBoxes(1)); // that no client listens
+    ASSERT_TRUE(WaitUntil([this] { return workersEnded(); }));
+    EXPECT_EQ(scene_.host.saveCommands(), 0);
+    EXPECT_EQ(scene_.host.savedPaths(), std::vector<std::wstring>());
+}
+
 TEST_F(Submitting, IsAllowedAgainAfterItFailed) {
     release_ = true;
     const OpenDialog dialog;
@@ -106,8 +201,7 @@ TEST_F(Submitting, IsAllowedAgainAfterItFailed) {
         Press(window, IDC_SUBMIT);
         ASSERT_TRUE(WaitUntil(
             [&] { return scene_.host.savedPaths().size() == (name[0] == L'f' ? 1U : 2U); }));
-        ASSERT_TRUE(
-            WaitUntil([this, window] { return workersEnded() && ::IsWindowEnabled(window); }));
+        ASSERT_TRUE(WaitUntil([this, window] { return workersEnded() && canSubmit(window); }));
     }
 }
 

@@ -145,6 +145,7 @@ Failure UnusableSceneName(const char* name, const wchar_t* typed) {
 Failure RefusedSave() {
     Failure row = Row("RefusedSave");
     row.arrange = [](FailureTable& flow) { flow.host_.scene["refuse_save"] = true; };
+    row.sceneName = L"another name"; // under its own name the scene is not saved
     row.textId = IDS_SCENE_NOT_SAVED;
     row.logLine = "[ERROR] Save scene to ";
     return row;

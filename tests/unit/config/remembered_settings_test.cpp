@@ -3,6 +3,7 @@
 
 #include "base/folders.h"
 #include "base/handles.h"
+#include "config/dialog_messages.h"
 #include "resources/controls.h"
 #include "tests/support/files.h"
 #include "tests/support/product_folder.h"
@@ -162,6 +163,21 @@ TEST_F(RememberedSettings, StayWhenTheDialogIsGone) {
     saveRememberedSettings(dialog_);
     saveRememberedSettings(nullptr);
     EXPECT_EQ(written(L"CHECK_PSD"), L"1");
+}
+
+TEST_F(RememberedSettings, AreTheOnesOfTheRecordWhenTheDialogIsGone) {
+    tick(IDC_REMEMBER);
+    tick(IDC_PSD_CHANNEL);
+    type(IDC_AO_RADIUS, L"1234.5");
+    select(2);
+    SubmissionChoices choices;
+    ASSERT_TRUE(TakeChoices(dialog_, choices));
+    ::DestroyWindow(dialog_);
+    saveRememberedSettings(choices);
+    EXPECT_EQ(written(L"REMBER_SETTING"), L"1");
+    EXPECT_EQ(written(L"CHECK_PSD"), L"1");
+    EXPECT_EQ(written(L"EDIT_AO_RADIUS"), L"1234.5");
+    EXPECT_EQ(written(L"GI_SIZE"), L"2");
 }
 
 TEST_F(RememberedSettings, AreLostInAFileThatCannotBeWritten) {

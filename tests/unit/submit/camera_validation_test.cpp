@@ -110,11 +110,15 @@ TEST(ValidateCamerasForSubmitTest, ReadsTheTableAndLogsTheResult) {
     }
 }
 
-TEST(ValidateCamerasForSubmitTest, TakesAMissingTableForAnEmptyOne) {
+TEST(ValidateCamerasForSubmitTest, DoesNotTakeAMissingTableForAnEmptyOne) {
     const TestProductFolder product;
-    CameraMap cameras;
+    CameraMap cameras = {{L"a", CameraInfo()}};
+    cameras[L"a"].selected = true;
     std::vector<std::wstring> badNames;
-    EXPECT_EQ(ValidateCamerasForSubmit(nullptr, cameras, badNames), kNoCameraChecked);
+    EXPECT_EQ(ValidateCamerasForSubmit(nullptr, cameras, badNames), kCamerasUnread);
+    EXPECT_TRUE(cameras[L"a"].selected);
+    EXPECT_NE(product.log(L"rud_ui").find("[ERROR] The camera table could not be read!"),
+              std::string::npos);
 }
 
 } // namespace

@@ -7,6 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <ctime>
+#include <set>
+
 namespace orv {
 namespace test {
 namespace {
@@ -41,6 +45,30 @@ TEST_F(SceneBackupFile, CopiesTheSceneBesideItself) {
                   .find("[WARN] Backup file from " + WideToUtf8(scene) + " to " +
                         WideToUtf8(backupPath_) + " Success!"),
               std::string::npos);
+}
+
+// Files of the artist's own that have the very names: they are neither written over nor deleted.
+TEST_F(SceneBackupFile, LeavesAFileAloneThatHasItsName) {
+    const std::wstring scene = folder_.file(L"shot.max");
+    WriteFileBytes(scene, "scene bytes");
+    std::set<std::wstring> before = {scene};
+    const auto now = static_cast<unsigned>(std::time(nullptr));
+    for (unsigned second = now; second < now + 20; ++second) {
+        std::srand(second); // the numbers that are drawn in the next seconds
+        before.insert(BackupPathOf(scene, std::rand()));
+    }
+    for (const std::wstring& path : before)
+        WriteFileBytes(path, path == scene ? "scene bytes" : "older");
+    ASSERT_TRUE(backUp(scene));
+    EXPECT_EQ(before.count(backupPath_), 0U);
+    EXPECT_EQ(ReadFileBytes(backupPath_), "scene bytes");
+    {
+        SceneBackup backup;
+        backup.path = backupPath_;
+    }
+    EXPECT_EQ(ListFolder(folder_.path()).size(), before.size());
+    for (const std::wstring& path : before)
+        EXPECT_EQ(ReadFileBytes(path), path == scene ? "scene bytes" : "older");
 }
 
 TEST_F(SceneBackupFile, LogsTheCodeWhenThereIsNoScene) {
@@ -79,10 +107,9 @@ TEST_F(SceneBackupFile, DeletesTheCopyOfAWriteProtectedScene) {
 TEST_F(SceneBackupFile, LogsACopyThatCannotBeDeleted) {
     const std::wstring copy = folder_.file(L"shot_000417.max");
     const FileHandle held = HoldExclusively(copy);
-    {
-        SceneBackup backup;
-        backup.path = copy;
-    }
+    SceneBackup backup;
+    backup.path = copy;
+    backup.remove();
     EXPECT_NE(
         product_.log(L"rud_data")
             .find("[WARN] Backup file " + WideToUtf8(copy) + " cannot be deleted! Code is 32"),

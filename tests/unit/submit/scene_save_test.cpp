@@ -1,7 +1,9 @@
 #include "submit/scene_save.h"
 
 #include "resources/controls.h"
+#include "tests/support/files.h"
 #include "tests/support/product_folder.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/unit/submit/test_dialog.h"
 #include "tests/unit/support_host/fake_host.h"
 
@@ -84,6 +86,26 @@ TEST_F(SceneSave, LeavesASceneAloneThatWasNeverSaved) {
     EXPECT_EQ(dialog_.text(IDC_SCENE_NAME), L"shot");
     EXPECT_NE(product_.log(L"rud_data").find("the scene has no file yet"), std::string::npos);
     EXPECT_EQ(save(""), "");
+}
+
+TEST_F(SceneSave, SavesNothingUnderTheNameThatTheAnalysisFound) {
+    analysis_.recordedSceneName = "room.max";
+    EXPECT_EQ(save("room.max"), "D:\\scenes\\room.max");
+    EXPECT_THAT(host_.savedPaths(), IsEmpty());
+}
+
+TEST_F(SceneSave, FindsTheOtherSceneThatItWouldReplace) {
+    const TemporaryFolder folder(L"\x573A\x666F");
+    host_.sceneFilePath = folder.file(L"room.max");
+    WriteFileBytes(folder.file(L"room.max"), "open");
+    WriteFileBytes(folder.file(L"shot.max"), "another");
+    ::CreateDirectoryW(folder.file(L"sub.max").c_str(), nullptr);
+    EXPECT_EQ(SceneToReplace(analysis_, "shot.max"), folder.file(L"shot.max"));
+    EXPECT_EQ(SceneToReplace(analysis_, "SHOT.max"), folder.file(L"SHOT.max"));
+    for (const char* name : {"", "new.max", "room.max", "ROOM.max", "sub.max", "../x.max"})
+        EXPECT_EQ(SceneToReplace(analysis_, name), L"") << name;
+    analysis_.recordedSceneName = "shot.max";
+    EXPECT_EQ(SceneToReplace(analysis_, "shot.max"), L"") << "nothing is saved under this name";
 }
 
 TEST_F(SceneSave, RefusesANameThatIsNoPlainFiles) {

@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include <stdexcept>
+
 namespace orv {
 namespace test {
 namespace {
@@ -184,11 +186,75 @@ TEST_F(SubmitJobEnd, TouchesNoProgressThatIsNotThere) {
     EXPECT_FALSE(data_.done);
 }
 
-TEST_F(SubmitJobEnd, WhenTheDialogIsGone) {
+TEST_F(SubmitJobEnd, WhenTheDialogIsGoneAndNothingIsKnownOfItsChoices) {
     HWND gone = reinterpret_cast<HWND>(static_cast<INT_PTR>(0x7FFFFFF0));
+    MessageBoxWatcher watcher(kTestCaption);
+    EXPECT_EQ(SubmitJob(gone, kTestCaption, L"", L"0"), kSubmitFailed);
+    const std::vector<SeenMessageBox> boxes = watcher.stop();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text, ResourceText(IDS_CHOICES_NOT_READ));
+    EXPECT_TRUE(data_.done);
+    EXPECT_NE(log().find("[ERROR] The choices of the dialog could not be read."),
+              std::string::npos);
+    expectNothingDone();
+}
+
+TEST_F(SubmitJobEnd, WithoutACameraTable) {
+    dialog_.takeAway(IDC_CAMERAS);
     host_.onSaveTo = [](const std::wstring&) { return false; };
-    MessageBoxWatcher watcher;
-    EXPECT_EQ(SubmitJob(gone, kTestCaption, L"", L"0"), kSubmitEnded);
+    EXPECT_EQ(submitToBox(IDS_CHOICES_NOT_READ), kSubmitFailed);
+    expectNothingDone();
+}
+
+TEST_F(SubmitJobEnd, WithAMessageAfterAnUnexpectedError) {
+    host_.onSaveTo = [](const std::wstring&) -> bool {
+        throw std::runtime_error("the host broke");
+    };
+    EXPECT_EQ(submitToBox(IDS_SUBMISSION_BROKEN_OFF), kSubmitFailed);
+    EXPECT_TRUE(data_.done);
+    EXPECT_FALSE(data_.hide);
+    EXPECT_NE(log().find("[ERROR] Submission: unexpected error: the host broke"),
+              std::string::npos);
+    EXPECT_TRUE(dialog_.isOpen());
+}
+
+class AnotherScene : public SubmitJobEnd {
+protected:
+    AnotherScene() {
+        WriteFileBytes(another_, "another scene");
+        host_.onSaveTo = [this](const std::wstring& path) {
+            WriteFileBytes(path, kSceneBytes);
+            return false; // the rest of the submission is no matter here
+        };
+    }
+
+    std::vector<SeenMessageBox> submitAnswering(int answer) {
+        MessageBoxWatcher watcher(kTestCaption, {answer});
+        result_ = submit();
+        return watcher.stop();
+    }
+
+    const std::wstring another_ = folder_.file(L"shot.max");
+    std::int32_t result_ = 1;
+};
+
+TEST_F(AnotherScene, StaysWhenTheUserDoesNotReplaceIt) {
+    const std::vector<SeenMessageBox> boxes = submitAnswering(IDNO);
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text, ResourceText(IDS_SCENE_REPLACED) + L"\n\n" + another_);
+    EXPECT_EQ(boxes[0].buttons, (std::vector<int>{IDYES, IDNO}));
+    EXPECT_EQ(result_, kSubmitEnded);
+    EXPECT_EQ(ReadFileBytes(another_), "another scene");
+    EXPECT_TRUE(data_.done);
+    EXPECT_TRUE(dialog_.isOpen());
+    expectNothingDone();
+}
+
+TEST_F(AnotherScene, IsReplacedWhenTheUserSaysSo) {
+    const std::vector<SeenMessageBox> boxes = submitAnswering(IDYES);
+    ASSERT_EQ(boxes.size(), 2U);
+    EXPECT_EQ(boxes[1].text, ResourceText(IDS_SCENE_NOT_SAVED));
+    EXPECT_EQ(ReadFileBytes(another_), kSceneBytes);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "tests/unit/submit/submission_test.h"
 
 #include "analysis/text/text_convert.h"
+#include "config/dialog_messages.h"
 #include "submit/archive_password.h"
 #include "submit/paths.h"
 #include "tests/support/message_box_watcher.h"
@@ -200,6 +201,55 @@ TEST_F(SubmitJobTest, RunsNoCleaningScriptsWithoutBeingAsked) {
 TEST_F(SubmitJobTest, TellsTheDialogToShowItsCamerasAnew) {
     submitAnswered(10001);
     EXPECT_EQ(dialog_.rebuilds(), 1);
+}
+
+// What was chosen is what is sent, whatever becomes of the dialog and of the analysis.
+TEST_F(SubmitJobTest, SendsWhatWasChosenAlthoughTheDialogIsGone) {
+    dialog_.setText(IDC_GAMMA, L"1.5");
+    dialog_.check(IDC_COLOR_CHANNEL);
+    dialog_.check(IDC_SAVE_SCENE_FILE);
+    data_.analysis.blockMode = 10;
+    SubmissionChoices choices;
+    ASSERT_TRUE(TakeChoices(dialog_.handle(), choices));
+    choices.analysis = data_.analysis;
+    ::PostMessageW(dialog_.handle(), WM_CLOSE, 0, 0);
+    ASSERT_TRUE(dialog_.waitForEnd());
+    data_.analysis = SceneAnalysis(); // of another scene
+
+    ReplyServer client("{\"ret\":10001}");
+    usePort(client.port());
+    MessageBoxWatcher watcher;
+    EXPECT_EQ(SubmitJob(choices, dialog_.handle(), kTestCaption, L"", L"0"), kSubmitEnded);
+    watcher.stop();
+    request_ = Parsed(client.requestBody());
+    EXPECT_EQ(requestPath("scenePath"), folder_.file(L"shot.max"));
+    EXPECT_EQ(request_["PLUGIN_SAVE_SCENE_FILE"].asUInt(), 1U);
+    const Json::Value sent = job();
+    ASSERT_EQ(sent["cameras"].size(), 2U);
+    EXPECT_EQ(sent["cameras"][0]["name"].asString(), "Cam");
+    EXPECT_EQ(sent["app_version"].asString(), "21000");
+    EXPECT_EQ(sent["num_blocks"].asInt(), 10);
+    EXPECT_EQ(sent["max_options"]["gamma_out"].asDouble(), 1.5);
+    EXPECT_TRUE(sent["max_options"]["color_channel"].asBool());
+}
+
+TEST_F(SubmitJobTest, SavesNothingUnderTheNameThatTheAnalysisFound) {
+    data_.analysis.recordedSceneName = "room.max";
+    dialog_.setText(IDC_SCENE_NAME, L"room");
+    submitAnswered(10001);
+    EXPECT_THAT(host_.savedPaths(), IsEmpty());
+    EXPECT_EQ(requestPath("scenePath"), folder_.file(L"room.max"));
+    EXPECT_EQ(request_["PLUGIN_SAVE_SCENE_FILE"].asUInt(), 0U);
+}
+
+TEST_F(SubmitJobTest, KeepsWithinThe32BitsOfAWholeNumber) {
+    data_.analysis.coronaState = CoronaLimitState::Limited;
+    dialog_.setText(IDC_PASS_LIMIT, L"1e300");
+    dialog_.setText(IDC_TIME_LIMIT, L"-1e300");
+    submitAnswered(10001);
+    const Json::Value corona = job()["corona_options"];
+    EXPECT_EQ(corona["CoronaPassLimit"].asInt(), 2147483647);
+    EXPECT_EQ(corona["CoronaTimeLimit"].asInt(), -2147483647 - 1);
 }
 
 TEST_F(SubmitJobTest, LeavesTheDialogOpenWhenTheClientRefuses) {

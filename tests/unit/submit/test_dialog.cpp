@@ -1,8 +1,8 @@
 #include "tests/unit/submit/test_dialog.h"
 
+#include "config/dialog_messages.h"
 #include "resources/controls.h"
-#include "submit/dialog_input/camera_rows.h"
-#include "submit/dialog_input/dialog_controls.h"
+#include "tests/support/message_box_watcher.h"
 #include "tests/support/wait_until.h"
 
 #include <commctrl.h>
@@ -59,7 +59,7 @@ void MakeControls(HWND dialog) {
                               reinterpret_cast<LPARAM>(scale));
 }
 
-INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM, LPARAM parameter) {
+INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM wParam, LPARAM parameter) {
     switch (message) {
     case WM_INITDIALOG:
         MakeControls(dialog);
@@ -75,7 +75,7 @@ INT_PTR CALLBACK Procedure(HWND dialog, UINT message, WPARAM, LPARAM parameter) 
         ::EndDialog(dialog, IDCANCEL);
         return TRUE;
     default:
-        return FALSE;
+        return AnswerTakeChoices(dialog, message, wParam);
     }
 }
 
@@ -127,7 +127,7 @@ void TestDialog::setText(int id, const std::wstring& text) const {
 }
 
 std::wstring TestDialog::text(int id) const {
-    return ControlText(handle_, id);
+    return ReadWindowText(control(id));
 }
 
 void TestDialog::check(int id, UINT state) const {

@@ -1,6 +1,8 @@
 // The workers with a submission that the test commands.
 #include "ui/workers.h"
 
+#include "base/folders.h"
+#include "config/dialog_messages.h"
 #include "config/plugin_data.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
@@ -12,6 +14,7 @@
 #include "tests/support/product_folder.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/wait_until.h"
+#include "tests/unit/support_host/fake_host.h"
 #include "ui/progress/progress_lines.h"
 #include "ui/worker_start.h"
 
@@ -27,6 +30,7 @@ namespace {
 
 struct SubmissionCall {
     HWND dialog = nullptr;
+    SubmissionChoices choices;
     std::wstring caption;
     std::wstring unused;
     std::wstring languageMarker;
@@ -47,12 +51,13 @@ SubmissionCall LastCall() {
 } // namespace test
 
 // Takes the place of the real submission.
-std::int32_t SubmitJob(HWND dialog, std::wstring caption, std::wstring unused,
-                       std::wstring languageMarker) {
+std::int32_t SubmitJob(SubmissionChoices choices, HWND dialog, std::wstring caption,
+                       std::wstring unused, std::wstring languageMarker) {
     std::function<void()> body;
     {
         const std::lock_guard<std::mutex> lock(test::callMutex);
-        test::lastCall = {dialog, caption, unused, languageMarker, ResourceText(IDS_CAPTION_CHECK)};
+        test::lastCall = {dialog, std::move(choices), caption,
+                          unused, languageMarker,     ResourceText(IDS_CAPTION_CHECK)};
         body = test::submission;
     }
     ++test::submissionsBegun;
@@ -99,6 +104,7 @@ protected:
                                    900, 600, nullptr, nullptr, nullptr, nullptr)) {
         submissionsBegun = 0;
         release_ = false;
+        data_.analysis = SceneAnalysis();
         data_.submitState = kWorkerNone;
         data_.progressState = kWorkerNone;
         submitAs([this] { waitForRelease(); });
@@ -109,6 +115,10 @@ protected:
         ::DestroyWindow(owner_);
     }
 
+    void addControl(const wchar_t* windowClass, DWORD style, int id) const {
+        ::CreateWindowExW(0, windowClass, L"", WS_CHILD | style, 0, 0, 60, 20, owner_,
+                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
+    }
     static void submitAs(std::function<void()> body) {
         const std::lock_guard<std::mutex> lock(callMutex);
         submission = std::move(body);
@@ -135,7 +145,7 @@ protected:
 };
 
 TEST_F(Workers, RunTheSubmissionOfTheDialogWithItsTexts) {
-    EXPECT_EQ(StartSubmission(owner_, false), SubmissionStart::Started);
+    EXPECT_EQ(StartSubmission(owner_), SubmissionStart::Started);
     ASSERT_TRUE(PumpUntil([] { return submissionsBegun == 1; }));
     EXPECT_TRUE(IsSubmissionRunning());
 
@@ -151,25 +161,93 @@ TEST_F(Workers, RunTheSubmissionOfTheDialogWithItsTexts) {
     EXPECT_EQ(data_.progressState, kWorkerFinished);
 }
 
+// The host deals with other messages while it saves: one of them may close the dialog.
+TEST_F(Workers, TakeWithThemWhatWasChosenBeforeTheHostSaved) {
+    addControl(L"BUTTON", BS_AUTOCHECKBOX, IDC_SAVE_SCENE_FILE);
+    addControl(L"BUTTON", BS_AUTOCHECKBOX, IDC_REMEMBER);
+    addControl(L"EDIT", 0, IDC_SCENE_NAME);
+    addControl(L"EDIT", 0, IDC_AO_RADIUS);
+    ::CheckDlgButton(owner_, IDC_SAVE_SCENE_FILE, BST_CHECKED);
+    ::CheckDlgButton(owner_, IDC_REMEMBER, BST_CHECKED);
+    ::SetDlgItemTextW(owner_, IDC_SCENE_NAME, L"chosen");
+    ::SetDlgItemTextW(owner_, IDC_AO_RADIUS, L"1234.5");
+    data_.analysis.blockMode = 64;
+    FakeHost host;
+    host.onSave = [this] {
+        ::SetDlgItemTextW(owner_, IDC_SCENE_NAME, L"changed");
+        data_.analysis.blockMode = 1;
+        ::DestroyWindow(owner_);
+        return true;
+    };
+    EXPECT_EQ(StartSubmission(owner_), SubmissionStart::Started);
+    ASSERT_TRUE(PumpUntil([] { return submissionsBegun == 1; }));
+    EXPECT_EQ(host.saveCommands(), 1);
+    const SubmissionChoices choices = LastCall().choices;
+    EXPECT_EQ(choices.text(IDC_SCENE_NAME), L"chosen");
+    EXPECT_TRUE(choices.isChecked(IDC_SAVE_SCENE_FILE));
+    EXPECT_EQ(choices.analysis.blockMode, 64);
+    EXPECT_EQ(ReadGeneralSetting(L"REMBER_SETTING"), L"1");
+    EXPECT_EQ(ReadGeneralSetting(L"EDIT_AO_RADIUS"), L"1234.5");
+    release_ = true;
+    EXPECT_TRUE(PumpUntil([this] { return ended(); }));
+    EXPECT_EQ(::FindWindowW(L"#32770", L"Orv Rendering"), nullptr) << "no window without a dialog";
+}
+
+TEST_F(Workers, AreNotStartedWhenTheHostRefusesToSave) {
+    addControl(L"BUTTON", BS_AUTOCHECKBOX, IDC_SAVE_SCENE_FILE);
+    ::CheckDlgButton(owner_, IDC_SAVE_SCENE_FILE, BST_CHECKED);
+    FakeHost host;
+    host.onSave = [] { return false; };
+    EXPECT_EQ(StartSubmission(owner_), SubmissionStart::SceneNotSaved);
+    EXPECT_FALSE(IsSubmissionRunning());
+    EXPECT_EQ(submissionsBegun, 0);
+}
+
+TEST_F(Workers, AreNotStartedForADialogThatIsGone) {
+    ::DestroyWindow(owner_);
+    EXPECT_EQ(StartSubmission(owner_), SubmissionStart::Failed);
+    EXPECT_FALSE(IsSubmissionRunning());
+    EXPECT_NE(folder_.log(L"rud_data").find("[ERROR] The choices of the dialog could not be read."),
+              std::string::npos);
+}
+
+TEST_F(Workers, TellTheDialogOfTheirEnd) {
+    static std::atomic<int> ends;
+    ends = 0;
+    ::SetWindowLongPtrW(owner_, GWLP_WNDPROC,
+                        reinterpret_cast<LONG_PTR>(static_cast<WNDPROC>(
+                            [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+                                if (message == kSubmissionEnded)
+                                    ends += IsSubmissionRunning() ? 100 : 1;
+                                return ::DefWindowProcW(window, message, wParam, lParam);
+                            })));
+    StartSubmission(owner_);
+    ASSERT_TRUE(PumpUntil([] { return submissionsBegun == 1; }));
+    EXPECT_EQ(ends, 0);
+    release_ = true;
+    EXPECT_TRUE(PumpUntil([] { return ends != 0; }));
+    EXPECT_EQ(ends, 1) << "after its end, and once";
+}
+
 TEST_F(Workers, AreStartedOnceWhileASubmissionRuns) {
-    EXPECT_EQ(StartSubmission(owner_, false), SubmissionStart::Started);
-    EXPECT_EQ(StartSubmission(owner_, false), SubmissionStart::RunsAlready);
+    EXPECT_EQ(StartSubmission(owner_), SubmissionStart::Started);
+    EXPECT_EQ(StartSubmission(owner_), SubmissionStart::RunsAlready);
     ASSERT_TRUE(PumpUntil([] { return submissionsBegun > 0; }));
-    EXPECT_EQ(StartSubmission(owner_, false), SubmissionStart::RunsAlready);
+    EXPECT_EQ(StartSubmission(owner_), SubmissionStart::RunsAlready);
     EXPECT_EQ(submissionsBegun, 1);
 }
 
 TEST_F(Workers, AreStartedAgainAfterTheSubmissionEnded) {
     release_ = true;
     for (int number = 1; number <= 3; ++number) {
-        EXPECT_EQ(StartSubmission(owner_, false), SubmissionStart::Started);
+        EXPECT_EQ(StartSubmission(owner_), SubmissionStart::Started);
         ASSERT_TRUE(PumpUntil([this] { return ended(); }));
         EXPECT_EQ(submissionsBegun, number);
     }
 }
 
 TEST_F(Workers, ShowAProgressDialogOverTheDialogUntilTheEnd) {
-    StartSubmission(owner_, false);
+    StartSubmission(owner_);
     const HWND progress = progressDialog();
     ASSERT_NE(progress, nullptr);
     EXPECT_EQ(::GetWindow(progress, GW_OWNER), owner_);
@@ -181,7 +259,7 @@ TEST_F(Workers, ShowAProgressDialogOverTheDialogUntilTheEnd) {
 }
 
 TEST_F(Workers, ShowAProgressDialogThatItsTitleBarCannotClose) {
-    StartSubmission(owner_, false);
+    StartSubmission(owner_);
     const HWND progress = progressDialog();
     ASSERT_NE(progress, nullptr);
     EXPECT_EQ(::GetMenuState(::GetSystemMenu(progress, FALSE), SC_CLOSE, MF_BYCOMMAND),
@@ -193,7 +271,7 @@ TEST_F(Workers, ShowAProgressDialogThatItsTitleBarCannotClose) {
 }
 
 TEST_F(Workers, HideTheProgressDialogWhileTheFlagIsSet) {
-    StartSubmission(owner_, false);
+    StartSubmission(owner_);
     const HWND progress = progressDialog();
     ASSERT_NE(progress, nullptr);
     data_.hide = true;
@@ -203,7 +281,7 @@ TEST_F(Workers, HideTheProgressDialogWhileTheFlagIsSet) {
 }
 
 TEST_F(Workers, EndTheProgressDialogByTheDoneFlag) {
-    StartSubmission(owner_, false);
+    StartSubmission(owner_);
     ASSERT_NE(progressDialog(), nullptr);
     data_.done = true;
     EXPECT_TRUE(PumpUntil([this] { return data_.progressState == kWorkerFinished; }));
@@ -211,7 +289,7 @@ TEST_F(Workers, EndTheProgressDialogByTheDoneFlag) {
 }
 
 TEST_F(Workers, EndTheProgressDialogByItsCloseMessage) {
-    StartSubmission(owner_, false);
+    StartSubmission(owner_);
     const HWND progress = progressDialog();
     ASSERT_NE(progress, nullptr);
     ::PostMessageW(progress, WM_CLOSE, 0, 0);
@@ -223,16 +301,20 @@ TEST_F(Workers, EndTheProgressDialogByItsCloseMessage) {
 TEST_F(Workers, LeaveNoProgressDialogBehindASubmissionThatFailsAtOnce) {
     submitAs([] {});
     for (int round = 0; round < 10; ++round) {
-        ASSERT_EQ(StartSubmission(owner_, false), SubmissionStart::Started);
+        ASSERT_EQ(StartSubmission(owner_), SubmissionStart::Started);
         ASSERT_TRUE(PumpUntil([this] { return ended(); })) << round;
         EXPECT_EQ(::FindWindowW(L"#32770", L"Orv Rendering"), nullptr);
     }
 }
 
-TEST_F(Workers, LogWhatTheSubmissionThrows) {
+TEST_F(Workers, LogAndTellWhatTheSubmissionThrows) {
     submitAs([] { throw std::runtime_error("the disk is gone"); });
-    StartSubmission(owner_, false);
+    MessageBoxWatcher watcher(ResourceText(IDS_CAPTION));
+    StartSubmission(owner_);
     ASSERT_TRUE(PumpUntil([this] { return ended(); }));
+    const std::vector<SeenMessageBox> boxes = watcher.stop();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text, ResourceText(IDS_SUBMISSION_BROKEN_OFF));
     EXPECT_EQ(data_.submitState, kWorkerFinished);
     EXPECT_NE(folder_.log(L"rud_data")
                   .find("[ERROR] The submit worker ended by an unexpected error: the disk is gone"),
@@ -244,7 +326,7 @@ TEST_F(Workers, SpeakTheLanguageOfTheDialogsThread) {
         const LanguageScope scope(language);
         submissionsBegun = 0;
         release_ = false;
-        StartSubmission(owner_, false);
+        StartSubmission(owner_);
         EXPECT_TRUE(PumpUntil([] { return submissionsBegun == 1; }));
         EXPECT_EQ(LastCall().threadCaptionOfChecks, ResourceText(IDS_CAPTION_CHECK));
         const std::wstring text = ReadWindowText(::GetDlgItem(progressDialog(), IDC_PROGRESS_TEXT));
@@ -257,7 +339,7 @@ TEST_F(Workers, SpeakTheLanguageOfTheDialogsThread) {
 
 TEST_F(Workers, SayWhatTheSubmissionIsAt) {
     const TemporaryFolder scenes(L"\u573A\u666F");
-    StartSubmission(owner_, false);
+    StartSubmission(owner_);
     HWND progress = progressDialog();
     ASSERT_NE(progress, nullptr);
     const auto shows = [progress](int control, const std::wstring& text) {
@@ -283,7 +365,7 @@ TEST_F(Workers, SayWhatTheSubmissionIsAt) {
 }
 
 TEST_F(Workers, OutliveTheDialog) {
-    StartSubmission(owner_, false);
+    StartSubmission(owner_);
     ASSERT_NE(progressDialog(), nullptr);
     ::DestroyWindow(owner_);
     EXPECT_TRUE(IsSubmissionRunning());
