@@ -5,9 +5,8 @@
 #include "analysis/work_folder.h"
 #include "base/handles.h"
 #include "config/plugin_data.h"
-#include "config/progress_hold.h"
+#include "config/submission_message.h"
 #include "resources/controls.h"
-#include "resources/message_box.h"
 #include "resources/texts.h"
 #include "submit/dialog_input/dialog_controls.h"
 #include "submit/paths.h"
@@ -210,8 +209,7 @@ std::string RequestBody(const Json::Value& job, const JobPaths& paths, const std
 
 bool Fail(HWND dialog, const char* logLine) {
     PluginData::instance().writeLog(kError, logLine);
-    const ProgressHold hold;
-    ShowMessage(dialog, IDS_JOB_NOT_WRITTEN, IDS_CAPTION);
+    ShowSubmissionMessage(dialog, IDS_JOB_NOT_WRITTEN, IDS_CAPTION);
     return false;
 }
 

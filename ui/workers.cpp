@@ -2,6 +2,7 @@
 
 #include "client/winsock_session.h"
 #include "config/plugin_data.h"
+#include "config/progress_hold.h"
 #include "config/remembered_settings.h"
 #include "host/host.h"
 #include "resources/controls.h"
@@ -9,13 +10,16 @@
 #include "resources/text.h"
 #include "resources/texts.h"
 #include "submit/submit_job.h"
+#include "ui/progress/held_dialog.h"
 #include "ui/progress/progress_dialog.h"
 #include "ui/worker_start.h"
 
 #include <exception>
+#include <memory>
 #include <string>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 namespace orv {
 namespace {
@@ -65,7 +69,8 @@ void RunGuarded(const char* worker, Body body) noexcept {
     }
 }
 
-void RunSubmitWorker(const WorkerArguments& arguments) noexcept {
+// `hold` goes last: once the dialog is enabled, the next submission is free.
+void RunSubmitWorker(const WorkerArguments& arguments, std::unique_ptr<HeldDialog> hold) noexcept {
     RunGuarded("The submit worker", [&arguments] {
         arguments.language.use();
         saveRememberedSettings(arguments.dialog);
@@ -77,15 +82,20 @@ void RunSubmitWorker(const WorkerArguments& arguments) noexcept {
     if (IsWorkerRunning(data.progressState))
         data.done = true;
     data.submitState = kWorkerFinished;
+    hold.reset();
 }
 
-void RunProgressWorker(const WorkerArguments& arguments) noexcept {
+void RunProgressWorker(const WorkerArguments& arguments,
+                       std::unique_ptr<HeldDialog> hold) noexcept {
     PluginData& data = PluginData::instance();
     RunGuarded("The progress worker", [&arguments, &data] {
         arguments.language.use();
-        ProgressDialog(data).run(IDD_PROGRESS, arguments.dialog);
+        if (ProgressDialog::waitForScreen())
+            ProgressDialog(data).run(IDD_PROGRESS, arguments.dialog);
     });
+    LeaveScreenOfProgress();
     data.progressState = kWorkerFinished;
+    hold.reset();
 }
 
 // The workers outlive the dialog, and the host may let go of the plug-in while one still runs: from
@@ -98,6 +108,35 @@ void KeepLibraryLoaded() {
         const DWORD error = ::GetLastError();
         LogError("GetModuleHandleExW error no:" + std::to_string(error));
     }
+}
+
+// Starts both threads, that of the submission first. Throws when that one cannot be started; a
+// submission without a progress window goes on.
+void StartThreads(const WorkerArguments& arguments) {
+    PluginData& data = PluginData::instance();
+    std::unique_ptr<HeldDialog> progressHold;
+    const auto startSubmitWorker = [&arguments] {
+        std::thread(RunSubmitWorker, arguments, std::make_unique<HeldDialog>(arguments.dialog))
+            .detach();
+    };
+    // The progress worker counts as running before the submission begins, and holds the dialog: the
+    // first message, or the end, may come before its thread does.
+    const bool startsProgress = StartWorkerOnce(data.progressState, [&] {
+        progressHold = std::make_unique<HeldDialog>(arguments.dialog);
+        startSubmitWorker();
+    });
+    if (!startsProgress) { // the last progress window is still closing
+        startSubmitWorker();
+        return;
+    }
+    RunGuarded("Starting the progress worker", [&] {
+        try {
+            std::thread(RunProgressWorker, arguments, std::move(progressHold)).detach();
+        } catch (...) {
+            data.progressState = kWorkerNone;
+            throw;
+        }
+    });
 }
 
 } // namespace
@@ -123,17 +162,11 @@ SubmissionStart StartSubmission(HWND dialog, bool savesFirst) noexcept {
             // the state keeps a second submission away, and the dialog may be gone afterwards.
             isSaved = !savesFirst || (host::SaveScene() && ::IsWindow(dialog));
             if (isSaved)
-                std::thread(RunSubmitWorker, arguments).detach();
+                StartThreads(arguments);
             else
                 data.submitState = kWorkerFinished;
         });
-        if (!isSaved)
-            return SubmissionStart::SceneNotSaved;
-        RunGuarded("Starting the progress worker", [&data, &arguments] {
-            StartWorkerOnce(data.progressState,
-                            [&arguments] { std::thread(RunProgressWorker, arguments).detach(); });
-        });
-        return SubmissionStart::Started;
+        return isSaved ? SubmissionStart::Started : SubmissionStart::SceneNotSaved;
     } catch (const std::exception& error) {
         LogError(std::string("The submission could not be started: ") + error.what());
     } catch (...) {

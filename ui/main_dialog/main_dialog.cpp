@@ -20,6 +20,7 @@
 #include "ui/main_dialog/main_controls.h"
 #include "ui/main_dialog/main_layout.h"
 #include "ui/main_dialog/scene_name_rule.h"
+#include "ui/progress/held_dialog.h"
 #include "ui/workers.h"
 
 #include <commctrl.h>
@@ -139,7 +140,9 @@ void MainDialog::onDestroy() {
     winsock_.reset();
 }
 
-bool MainDialog::onMessage(UINT message, WPARAM /*wParam*/, LPARAM /*lParam*/) {
+bool MainDialog::onMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/) {
+    if (message == WM_ENABLE)
+        return DisableHeldDialogAgain(window(), wParam != FALSE);
     if (message != kRebuildCameraTable)
         return false;
     cameras_.update(data_.analysis.cameras);
