@@ -57,7 +57,8 @@ private:
     std::thread thread_;
 };
 
-// The text of a window or control of any process; empty when it does not answer within a second.
+// The text of a window or control of any process; empty when the window goes meanwhile or does
+// not answer by the deadline.
 std::wstring ReadWindowText(HWND window);
 
 // The visible top-level dialog ("#32770") of a process that has this caption, null after the
