@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <stdexcept>
 #include <utility>
 
 namespace orv {
@@ -92,12 +93,25 @@ SeenMessageBox Read(HWND box) {
     return seen;
 }
 
+// A program that starts while the desktop is not up has no windows for as long as it runs: each box
+// fails at once, and a watcher would report that none was shown.
+void RequireWindows() {
+    const HWND window = ::CreateWindowExW(0, L"STATIC", nullptr, WS_POPUP, 0, 0, 1, 1, nullptr,
+                                          nullptr, nullptr, nullptr);
+    if (window == nullptr)
+        throw std::runtime_error("this program can make no window, error no:" +
+                                 std::to_string(::GetLastError()));
+    ::DestroyWindow(window);
+}
+
 } // namespace
 
 MessageBoxWatcher::MessageBoxWatcher(std::wstring caption, std::vector<int> answers,
                                      DWORD processId)
-    : caption_(std::move(caption)), answers_(std::move(answers)), processId_(processId),
-      thread_([this] { watch(); }) {}
+    : caption_(std::move(caption)), answers_(std::move(answers)), processId_(processId) {
+    RequireWindows();
+    thread_ = std::thread([this] { watch(); });
+}
 
 MessageBoxWatcher::~MessageBoxWatcher() {
     stop();

@@ -30,7 +30,8 @@ class MessageBoxWatcher : private rud_Noncopyable {
 public:
     // Watches the boxes of process `processId` with this caption; an empty caption means all. The
     // n-th box gets the n-th answer, further boxes the last one. A box without the button asked for
-    // gets its first button, which the record shows.
+    // gets its first button, which the record shows. Throws std::runtime_error where this program
+    // has no desktop to make windows on.
     explicit MessageBoxWatcher(std::wstring caption = std::wstring(),
                                std::vector<int> answers = {IDOK},
                                DWORD processId = ::GetCurrentProcessId());
