@@ -1,7 +1,8 @@
 #include "analysis/corona_gate.h"
 
 #include "config/plugin_data.h"
-#include "resources/message_box.h"
+#include "config/progress_hold.h"
+#include "config/submission_message.h"
 #include "resources/texts.h"
 
 #include <cmath>
@@ -26,10 +27,9 @@ int CheckCoronaLimits(const SceneAnalysis& analysis, HWND ownerWindow) {
     PluginData& data = PluginData::instance();
     if (!HasCheckedState(analysis) || HasLimit(analysis))
         return kCoronaGoOn;
-    if (data.progressState == kWorkerRunning)
-        data.done = true; // takes the progress window away from over the message
+    EndProgress();
     data.writeLog(kError, "Corona has no limits, the submission is stopped.");
-    ShowMessage(ownerWindow, IDS_CORONA_WITHOUT_LIMITS, IDS_CAPTION_CHECK);
+    ShowSubmissionMessage(ownerWindow, IDS_CORONA_WITHOUT_LIMITS, IDS_CAPTION_CHECK);
     return kCoronaStop;
 }
 

@@ -1,7 +1,7 @@
 #include "client/client_link.h"
 
-#include "client/client_message.h"
 #include "client/tcp_exchange.h"
+#include "config/submission_message.h"
 #include "log/module_log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -30,9 +30,9 @@ int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ow
     ExchangeFailure failure;
     if (!Exchange(link, requestBody, reply, failure)) {
         log.write(failure.logText, kError);
-        ShowClientMessage(ownerWindow,
-                          ResourceText(IDS_CLIENT_UNREACHABLE) + std::to_wstring(failure.code),
-                          caption, marker);
+        ShowSubmissionMessage(ownerWindow,
+                              ResourceText(IDS_CLIENT_UNREACHABLE) + std::to_wstring(failure.code),
+                              caption, MB_OK, marker);
         return kNoReply;
     }
     log.write("tcp read data successfully.", kInfo);
@@ -41,7 +41,8 @@ int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ow
     if (json.empty()) {
         // An answer that is not the client's is no fault of this program, hence the level.
         log.write("find '{' failed.", kInfo);
-        ShowClientMessage(ownerWindow, ResourceText(IDS_REPLY_WITHOUT_JSON), caption, marker);
+        ShowSubmissionMessage(ownerWindow, ResourceText(IDS_REPLY_WITHOUT_JSON), caption, MB_OK,
+                              marker);
         return kNoReply;
     }
     return ReplyCodeMessage(json, ownerWindow, log);

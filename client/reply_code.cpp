@@ -1,7 +1,7 @@
 #include "client/reply_code.h"
 
 #include "analysis/text/text_convert.h"
-#include "client/client_message.h"
+#include "config/submission_message.h"
 #include "log/module_log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -87,7 +87,8 @@ int ReplyCodeMessage(const std::string& replyText, HWND ownerWindow, ModuleLog& 
         std::printf("Error %lu in WinHttpReadData.\n", ::GetLastError());
         std::fflush(stdout);
         log.write("Get response data failed: parse the data from client failed!", kError);
-        ShowClientMessage(ownerWindow, ResourceText(IDS_REPLY_UNREADABLE), caption, marker);
+        ShowSubmissionMessage(ownerWindow, ResourceText(IDS_REPLY_UNREADABLE), caption, MB_OK,
+                              marker);
         return kNoReply;
     }
 
@@ -96,12 +97,12 @@ int ReplyCodeMessage(const std::string& replyText, HWND ownerWindow, ModuleLog& 
         return reply.code;
     if (known->textId != 0) {
         log.write(known->logText, known->severity);
-        ShowClientMessage(ownerWindow, ResourceText(known->textId), caption, marker);
+        ShowSubmissionMessage(ownerWindow, ResourceText(known->textId), caption, MB_OK, marker);
     } else {
         log.write(reply.ownWords, known->severity);
         const std::wstring text =
             reply.hasOwnWords ? Utf8ToWide(reply.ownWords) : ResourceText(IDS_REPLY_UNREADABLE);
-        ShowClientMessage(ownerWindow, text, caption, marker);
+        ShowSubmissionMessage(ownerWindow, text, caption, MB_OK, marker);
     }
     return reply.code;
 }

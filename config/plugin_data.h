@@ -73,6 +73,7 @@ public:
     std::atomic<std::int32_t> progressState{kWorkerNone};
     std::atomic<bool> done{false}; // ends the progress dialog
     std::atomic<bool> hide{false}; // hides the progress dialog while a message box is open
+    std::atomic<bool> progressOnScreen{false}; // it is, or is about to be (config/progress_hold.h)
     std::atomic<bool> confirmationRequired{false};
     std::atomic<SubmissionStage> stage{SubmissionStage::Checking};
 

@@ -6,9 +6,8 @@
 #include "base/handles.h"
 #include "config/dialog_messages.h"
 #include "config/plugin_data.h"
-#include "config/progress_hold.h"
+#include "config/submission_message.h"
 #include "resources/controls.h"
-#include "resources/message_box.h"
 #include "resources/texts.h"
 #include "submit/paths.h"
 
@@ -209,8 +208,7 @@ std::string RequestBody(const Json::Value& job, const JobPaths& paths, const std
 
 bool Fail(HWND dialog, const char* logLine) {
     PluginData::instance().writeLog(kError, logLine);
-    const ProgressHold hold;
-    ShowMessage(dialog, IDS_JOB_NOT_WRITTEN, IDS_CAPTION);
+    ShowSubmissionMessage(dialog, IDS_JOB_NOT_WRITTEN, IDS_CAPTION);
     return false;
 }
 

@@ -10,6 +10,7 @@
 #include "config/dialog_messages.h"
 #include "config/plugin_data.h"
 #include "config/progress_hold.h"
+#include "config/submission_message.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -142,8 +143,7 @@ std::int32_t Submission::wholeNumber(int control, std::int32_t otherwise) const 
 }
 
 int Submission::show(unsigned textId, UINT type) {
-    const ProgressHold hold;
-    return ShowMessage(dialog_, ResourceText(textId), caption_, type, languageMarker_);
+    return ShowSubmissionMessage(dialog_, ResourceText(textId), caption_, type, languageMarker_);
 }
 
 bool Submission::end(std::int32_t result) {

@@ -2,7 +2,9 @@
 
 #include "client/winsock_session.h"
 #include "config/dialog_messages.h"
+#include "config/held_dialog.h"
 #include "config/plugin_data.h"
+#include "config/progress_hold.h"
 #include "config/remembered_settings.h"
 #include "host/host.h"
 #include "resources/controls.h"
@@ -90,14 +92,18 @@ void RunSubmitWorker(const WorkerArguments& arguments) noexcept {
     ::SendNotifyMessageW(arguments.dialog, kSubmissionEnded, 0, 0);
 }
 
-void RunProgressWorker(const WorkerArguments& arguments) noexcept {
+void RunProgressWorker(const WorkerArguments& arguments,
+                       std::unique_ptr<HeldDialog> hold) noexcept {
     PluginData& data = PluginData::instance();
     RunGuarded("The progress worker", [&arguments, &data] {
         arguments.language.use();
-        if (::IsWindow(arguments.dialog)) // it goes with the dialog, and does not come without it
+        // It goes with the dialog, and does not come without it.
+        if (ProgressDialog::waitForScreen() && ::IsWindow(arguments.dialog))
             ProgressDialog(data).run(IDD_PROGRESS, arguments.dialog);
     });
+    LeaveScreenOfProgress();
     data.progressState = kWorkerFinished;
+    hold.reset();
 }
 
 // The workers outlive the dialog, and the host may let go of the plug-in while one still runs: from
@@ -110,6 +116,34 @@ void KeepLibraryLoaded() {
         const DWORD error = ::GetLastError();
         LogError("GetModuleHandleExW error no:" + std::to_string(error));
     }
+}
+
+// Starts both threads, that of the submission first. Throws when that one cannot be started; a
+// submission without a progress window goes on.
+void StartThreads(const WorkerArguments& arguments) {
+    PluginData& data = PluginData::instance();
+    std::unique_ptr<HeldDialog> progressHold;
+    const auto startSubmitWorker = [&arguments] {
+        std::thread(RunSubmitWorker, arguments).detach();
+    };
+    // The progress worker counts as running before the submission begins, and holds the dialog: the
+    // first message, or the end, may come before its thread does.
+    const bool startsProgress = StartWorkerOnce(data.progressState, [&] {
+        progressHold = std::make_unique<HeldDialog>(arguments.dialog);
+        startSubmitWorker();
+    });
+    if (!startsProgress) { // the last progress window is still closing
+        startSubmitWorker();
+        return;
+    }
+    RunGuarded("Starting the progress worker", [&] {
+        try {
+            std::thread(RunProgressWorker, arguments, std::move(progressHold)).detach();
+        } catch (...) {
+            data.progressState = kWorkerNone;
+            throw;
+        }
+    });
 }
 
 } // namespace
@@ -146,17 +180,11 @@ SubmissionStart StartSubmission(HWND dialog) noexcept {
             // was asked to submit is submitted all the same.
             isSaved = !savesFirst || host::SaveScene();
             if (isSaved)
-                std::thread(RunSubmitWorker, arguments).detach();
+                StartThreads(arguments);
             else
                 data.submitState = kWorkerFinished;
         });
-        if (!isSaved)
-            return SubmissionStart::SceneNotSaved;
-        RunGuarded("Starting the progress worker", [&data, &arguments] {
-            StartWorkerOnce(data.progressState,
-                            [&arguments] { std::thread(RunProgressWorker, arguments).detach(); });
-        });
-        return SubmissionStart::Started;
+        return isSaved ? SubmissionStart::Started : SubmissionStart::SceneNotSaved;
     } catch (const std::exception& error) {
         LogError(std::string("The submission could not be started: ") + error.what());
     } catch (...) {

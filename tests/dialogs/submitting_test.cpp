@@ -31,6 +31,12 @@ protected:
     static bool waitForMessage() {
         return WaitUntil([] { return FindDialogWith(0xFFFF) != nullptr; });
     }
+    // The message is closed and the dialog can be used: the submission has ended.
+    bool waitForDialog() const {
+        return WaitUntil([this] {
+            return FindDialogWith(0xFFFF) == nullptr && ::IsWindowEnabled(window_) != FALSE;
+        });
+    }
     std::size_t saves() const { return host_.events("scene_saved").size(); }
 
     PluginHost host_;
@@ -45,7 +51,7 @@ TEST_F(Submitting, RunsOneSubmissionHoweverOftenSubmitIsPressed) {
 
     MessageBoxWatcher watcher(L"Orv Rendering");
     ASSERT_TRUE(watcher.waitForBoxes(1));
-    ASSERT_TRUE(WaitUntil([this] { return ::IsWindowEnabled(window_) != FALSE; }));
+    ASSERT_TRUE(waitForDialog());
     const std::vector<SeenMessageBox> boxes = watcher.stop();
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0].text, kNotSaved);
@@ -63,9 +69,7 @@ TEST_F(Submitting, LeavesTheKeyboardToItsMessage) {
         EXPECT_TRUE(WaitUntil([] { return ::GetForegroundWindow() == FindDialogWith(0xFFFF); }));
         ::keybd_event(VK_RETURN, 0, 0, 0);
         ::keybd_event(VK_RETURN, 0, KEYEVENTF_KEYUP, 0);
-        ASSERT_TRUE(WaitUntil([this] {
-            return FindDialogWith(0xFFFF) == nullptr && ::IsWindowEnabled(window_) != FALSE;
-        }));
+        ASSERT_TRUE(waitForDialog());
         Type(window_, IDC_SCENE_NAME, L"again " + std::to_wstring(time));
     }
 }
@@ -74,12 +78,10 @@ TEST_F(Submitting, IsAllowedAgainAfterItFailed) {
     MessageBoxWatcher watcher(L"Orv Rendering");
     for (std::size_t time = 1; time <= 3; ++time) {
         Type(window_, IDC_SCENE_NAME, L"name " + std::to_wstring(time));
-        ASSERT_TRUE(WaitUntil([&] {
-            ::SendMessageW(window_, WM_COMMAND, IDC_SUBMIT,
-                           0); // nothing while the last one still ends
-            return saves() == time;
-        }));
+        Press(window_, IDC_SUBMIT);
         ASSERT_TRUE(watcher.waitForBoxes(time));
+        ASSERT_TRUE(waitForDialog());
+        EXPECT_EQ(saves(), time);
     }
     EXPECT_EQ(watcher.stop().size(), 3U);
 }

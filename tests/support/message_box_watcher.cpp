@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <stdexcept>
 #include <utility>
 
 namespace orv {
@@ -10,7 +11,9 @@ namespace test {
 namespace {
 
 constexpr wchar_t kDialogClass[] = L"#32770";
-constexpr UINT kAnswerTimeoutMilliseconds = 1000;
+// Without SMTO_ABORTIFHUNG: a worker that takes no messages for five seconds counts as hung, and a
+// message box is visible before it takes its first one. A window that goes ends the wait.
+constexpr UINT kAnswerTimeoutMilliseconds = static_cast<UINT>(kDeadline.count());
 constexpr int kTextId = 0xFFFF;   // the id that Windows gives the text of a message box
 constexpr int kLastButtonId = 11; // IDCONTINUE, the last of the standard buttons
 
@@ -90,12 +93,25 @@ SeenMessageBox Read(HWND box) {
     return seen;
 }
 
+// A program that starts while the desktop is not up has no windows for as long as it runs: each box
+// fails at once, and a watcher would report that none was shown.
+void RequireWindows() {
+    const HWND window = ::CreateWindowExW(0, L"STATIC", nullptr, WS_POPUP, 0, 0, 1, 1, nullptr,
+                                          nullptr, nullptr, nullptr);
+    if (window == nullptr)
+        throw std::runtime_error("this program can make no window, error no:" +
+                                 std::to_string(::GetLastError()));
+    ::DestroyWindow(window);
+}
+
 } // namespace
 
 MessageBoxWatcher::MessageBoxWatcher(std::wstring caption, std::vector<int> answers,
                                      DWORD processId)
-    : caption_(std::move(caption)), answers_(std::move(answers)), processId_(processId),
-      thread_([this] { watch(); }) {}
+    : caption_(std::move(caption)), answers_(std::move(answers)), processId_(processId) {
+    RequireWindows();
+    thread_ = std::thread([this] { watch(); });
+}
 
 MessageBoxWatcher::~MessageBoxWatcher() {
     stop();
@@ -152,13 +168,13 @@ void MessageBoxWatcher::answer(HWND box) {
 
 std::wstring ReadWindowText(HWND window) {
     DWORD_PTR length = 0;
-    if (::SendMessageTimeoutW(window, WM_GETTEXTLENGTH, 0, 0, SMTO_ABORTIFHUNG,
+    if (::SendMessageTimeoutW(window, WM_GETTEXTLENGTH, 0, 0, SMTO_NORMAL,
                               kAnswerTimeoutMilliseconds, &length) == 0)
         return {};
     std::vector<wchar_t> text(static_cast<std::size_t>(length) + 1);
     DWORD_PTR copied = 0;
     if (::SendMessageTimeoutW(window, WM_GETTEXT, text.size(),
-                              reinterpret_cast<LPARAM>(text.data()), SMTO_ABORTIFHUNG,
+                              reinterpret_cast<LPARAM>(text.data()), SMTO_NORMAL,
                               kAnswerTimeoutMilliseconds, &copied) == 0)
         return {};
     return std::wstring(text.data(), std::min(static_cast<std::size_t>(copied), text.size() - 1));

@@ -30,7 +30,8 @@ class MessageBoxWatcher : private rud_Noncopyable {
 public:
     // Watches the boxes of process `processId` with this caption; an empty caption means all. The
     // n-th box gets the n-th answer, further boxes the last one. A box without the button asked for
-    // gets its first button, which the record shows.
+    // gets its first button, which the record shows. Throws std::runtime_error where this program
+    // has no desktop to make windows on.
     explicit MessageBoxWatcher(std::wstring caption = std::wstring(),
                                std::vector<int> answers = {IDOK},
                                DWORD processId = ::GetCurrentProcessId());
@@ -57,7 +58,8 @@ private:
     std::thread thread_;
 };
 
-// The text of a window or control of any process; empty when it does not answer within a second.
+// The text of a window or control of any process; empty when the window goes meanwhile or does
+// not answer by the deadline.
 std::wstring ReadWindowText(HWND window);
 
 // The visible top-level dialog ("#32770") of a process that has this caption, null after the

@@ -6,6 +6,7 @@
 #include "base/product.h"
 #include "config/client_info.h"
 #include "config/dialog_messages.h"
+#include "config/held_dialog.h"
 #include "host/host.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
@@ -149,9 +150,15 @@ bool MainDialog::onMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/) {
         updateEditButton(); // the new rows are not selected
         fillWarnings();
         return true;
+    case WM_ENABLE:
+        if (DisableHeldDialogAgain(window(), wParam != FALSE))
+            return true;
+        if (wParam != FALSE)
+            unlockAfterSubmission();
+        return false;
     case kSubmissionEnded:
-        if (lock_.isLocked() && !IsSubmissionRunning())
-            endSubmitting();
+        if (::IsWindowEnabled(window())) // else when it is enabled again
+            unlockAfterSubmission();
         return true;
     default:
         return AnswerTakeChoices(window(), message, wParam);
@@ -288,6 +295,11 @@ bool MainDialog::startSubmission() {
     if (start == SubmissionStart::Failed)
         ShowMessage(window(), IDS_SUBMISSION_NOT_STARTED, IDS_CAPTION);
     return start == SubmissionStart::Started;
+}
+
+void MainDialog::unlockAfterSubmission() {
+    if (lock_.isLocked() && !IsSubmissionRunning())
+        endSubmitting();
 }
 
 void MainDialog::endSubmitting() {

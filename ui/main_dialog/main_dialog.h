@@ -68,6 +68,8 @@ private:
     // True when the submission runs now; otherwise the user was told what there is to tell.
     bool startSubmission();
     void endSubmitting();
+    // The same where the controls are still locked and the submission has ended.
+    void unlockAfterSubmission();
     // Whether the analysis and the controls are the dialog's: they belong to the submission from
     // the press of Submit to its end.
     bool isFree() const;

@@ -1,6 +1,7 @@
 #include "ui/progress/progress_dialog.h"
 
 #include "config/dialog_controls.h"
+#include "config/progress_hold.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -30,6 +31,15 @@ void Replace(std::wstring& text, const std::wstring& mark, const std::wstring& v
 
 } // namespace
 
+bool ProgressDialog::waitForScreen() {
+    while (!IsProgressOver()) {
+        if (TakeScreenForProgress())
+            return true;
+        ::Sleep(kPollMilliseconds);
+    }
+    return false;
+}
+
 bool ProgressDialog::onInit(LPARAM /*parameter*/) {
     centreOverOwner();
     ::RemoveMenu(::GetSystemMenu(window(), FALSE), SC_CLOSE, MF_BYCOMMAND);
@@ -47,15 +57,19 @@ bool ProgressDialog::onInit(LPARAM /*parameter*/) {
 bool ProgressDialog::onTimer(UINT_PTR id) {
     if (id != kPollTimer)
         return false;
-    // A submission that ended before this worker had begun could not ask for the end: it shows in
-    // the submit worker's state alone.
-    if (data_.done || data_.submitState != kWorkerRunning) {
-        end(0);
+    if (IsProgressOver()) {
+        leave();
         return true;
     }
     const bool visible = ::IsWindowVisible(window()) != FALSE;
-    if (visible == data_.hide.load()) // not on each tick: showing a window anew takes the focus
-        ::ShowWindow(window(), visible ? SW_HIDE : SW_SHOW);
+    if (data_.hide) {
+        handKeyboardToOwner();
+        if (visible)
+            ::ShowWindow(window(), SW_HIDE);
+        LeaveScreenOfProgress();
+    } else if (!visible && TakeScreenForProgress()) {
+        ::ShowWindow(window(), SW_SHOW); // not on each tick: showing a window anew takes the focus
+    }
     if (data_.stage != shownStage_ || ::GetTickCount64() - shown_ >= kLinesMilliseconds)
         showLines();
     return true;
@@ -85,8 +99,36 @@ void ProgressDialog::setText(int id, const std::wstring& text) {
         ::SetDlgItemTextW(window(), id, text.c_str());
 }
 
-bool ProgressDialog::onClose() {
+// The system shows a modal dialog some time after onInit, whatever the flags are by then.
+bool ProgressDialog::onMessage(UINT message, WPARAM /*wParam*/, LPARAM lParam) {
+    if (message != WM_WINDOWPOSCHANGING || data_.progressOnScreen)
+        return false;
+    auto& change = *reinterpret_cast<WINDOWPOS*>(lParam);
+    if ((change.flags & SWP_SHOWWINDOW) == 0)
+        return false;
+    change.flags &= ~static_cast<UINT>(SWP_SHOWWINDOW);
+    change.flags |= SWP_NOACTIVATE | SWP_NOZORDER;
+    return true;
+}
+
+// The dialog below is disabled: Windows would look for another window, which may be another
+// program's, and the message box that comes next would open behind that one.
+void ProgressDialog::handKeyboardToOwner() const {
+    if (::GetForegroundWindow() == window())
+        ::SetForegroundWindow(::GetWindow(window(), GW_OWNER));
+}
+
+// EndDialog enables the owner. The dialog below stays disabled for as long as it is held, so there
+// must be none to enable: it would be enabled for a moment.
+void ProgressDialog::leave() {
+    handKeyboardToOwner();
+    ::ShowWindow(window(), SW_HIDE);
+    ::SetWindowLongPtrW(window(), GWLP_HWNDPARENT, 0);
     end(0);
+}
+
+bool ProgressDialog::onClose() {
+    leave();
     return true;
 }
 

@@ -10,19 +10,27 @@
 namespace orv {
 
 // Shown by the progress worker over the main dialog. It looks at the shared flags every 30 ms: it
-// hides while `hide` is set and ends when `done` is set or no submission runs any more. It says
+// hides while `hide` is set and ends when `done` is set or no submission runs any more. It never
+// opens or comes back while a message box of the submission is open or opens. It says
 // what the submission is at, for how long it has run, and how large the archive has become. Its
 // title bar cannot close it.
 class ProgressDialog : public Dialog {
 public:
     explicit ProgressDialog(const PluginData& data) : data_(data) {}
 
+    // To be called before run(): waits until no message box is open. False when there is nothing to
+    // show any more.
+    static bool waitForScreen();
+
 protected:
     bool onInit(LPARAM parameter) override;
     bool onTimer(UINT_PTR id) override;
     bool onClose() override;
+    bool onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    void handKeyboardToOwner() const;
+    void leave();
     void showLines();
     // Writes only what has changed, which would flicker otherwise.
     void setText(int id, const std::wstring& text);

@@ -106,9 +106,11 @@ void SubmissionFlow::submit() {
         return count;
     };
     const std::size_t before = countOf();
+    // Pressed once: a short submission may have ended by the time a second press arrives.
+    EXPECT_TRUE(WaitUntil([this] { return ::IsWindowEnabled(dialog_) != FALSE; }))
+        << "the submission before does not end";
+    ::SendMessageW(dialog_, WM_COMMAND, IDC_SUBMIT, 0);
     EXPECT_TRUE(WaitUntil([&] {
-        if (FindDialogWith(kMessageText) == nullptr && countOf() == before)
-            ::SendMessageW(dialog_, WM_COMMAND, IDC_SUBMIT, 0);
         return FindDialogWith(kMessageText) != nullptr || countOf() > before;
     })) << "the submission does not begin";
 }
@@ -128,7 +130,9 @@ MessageSeen SubmissionFlow::answer(int button) {
         if (::GetDlgItem(box, id) != nullptr)
             seen.buttons.push_back(id);
     }
-    seen.isAlone = WaitUntil([] { return FindDialogWith(IDC_PROGRESS_BAR) == nullptr; });
+    seen.isAlone = FindDialogWith(IDC_PROGRESS_BAR) == nullptr;
+    EXPECT_FALSE(::IsWindowVisible(dialog_) && ::IsWindowEnabled(dialog_))
+        << "the dialog can be used under the message";
     ::PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
     EXPECT_TRUE(WaitUntil([box] { return !::IsWindow(box); }));
     return seen;
@@ -156,10 +160,8 @@ MessageSeen SubmissionFlow::submitToMessage(int* code) {
 }
 
 bool SubmissionFlow::dialogStays() {
-    const bool usable = WaitUntil([this] {
-        return ::IsWindowEnabled(dialog_) != FALSE && FindDialogWith(IDC_PROGRESS_BAR) == nullptr;
-    });
-    return usable && FindDialogWith(IDC_CAMERAS) == dialog_;
+    return WaitUntil([this] { return ::IsWindowEnabled(dialog_) != FALSE; }) &&
+           FindDialogWith(IDC_PROGRESS_BAR) == nullptr && FindDialogWith(IDC_CAMERAS) == dialog_;
 }
 
 std::wstring SubmissionFlow::text(unsigned id) {

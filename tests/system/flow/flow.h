@@ -22,7 +22,7 @@ struct MessageSeen {
     std::wstring text;
     std::vector<int> buttons;
     HWND owner = nullptr;
-    bool isAlone = false; // the progress window was not on the screen, or went at once
+    bool isAlone = false; // the progress window was not on the screen
 };
 
 // A scene "room.max" with a camera, an installed 7-Zip and a client that accepts every proper job.
@@ -39,7 +39,7 @@ protected:
     // Starts the host and opens the dialog, ticks the first camera, types the scene's name.
     void open(const std::wstring& sceneName = L"room", bool tickCamera = true);
 
-    // Presses submit until the submission runs. The one before may still be ending.
+    // Presses submit once, as soon as the dialog can be used, and waits until the submission runs.
     void submit();
 
     // The next message box, answered with the button.

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+
 namespace orv {
 namespace test {
 namespace {
@@ -68,6 +70,29 @@ TEST(MessageBoxWatcher, ReadsAndAnswersABox) {
     EXPECT_EQ(seen[0].owner, nullptr);
     ASSERT_EQ(seen[0].buttonLabels.size(), 1U);
     EXPECT_FALSE(seen[0].buttonLabels[0].empty());
+}
+
+// Windows counts a thread as hung that has taken no message for five seconds.
+TEST(ReadWindowText, WaitsForAThreadThatHasWorkedForLong) {
+    constexpr DWORD kCountsAsHung = 5500;
+    std::atomic<HWND> window{nullptr};
+    std::atomic<bool> isRead{false};
+    std::thread worker([&] {
+        const HWND made = ::CreateWindowExW(0, L"STATIC", L"words", WS_POPUP | WS_VISIBLE, 0, 0, 50,
+                                            50, nullptr, nullptr, nullptr, nullptr);
+        MSG message{};
+        ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
+        const DWORD begun = ::GetTickCount();
+        WaitUntil([begun] { return ::GetTickCount() - begun > kCountsAsHung; });
+        window = made;
+        WaitUntil([&] { return isRead || HIWORD(::GetQueueStatus(QS_SENDMESSAGE)) != 0; });
+        PumpUntil([&] { return isRead.load(); });
+        ::DestroyWindow(made);
+    });
+    EXPECT_TRUE(WaitUntil([&] { return window != nullptr; }));
+    EXPECT_EQ(ReadWindowText(window), L"words");
+    isRead = true;
+    worker.join();
 }
 
 TEST(MessageBoxWatcher, GivesItsAnswersInTurn) {

@@ -1,6 +1,10 @@
 #include "config/progress_hold.h"
 
+#include "tests/support/wait_until.h"
 #include "tests/unit/config/plugin_data_fixture.h"
+
+#include <atomic>
+#include <thread>
 
 namespace orv {
 namespace test {
@@ -13,6 +17,8 @@ protected:
         data.progressState = kWorkerNone;
         data.done = false;
         data.hide = false;
+        data.progressOnScreen = false;
+        data.submitState = kWorkerNone;
     }
 };
 
@@ -49,6 +55,61 @@ TEST_F(Progress, IsLeftAloneWithoutAWorker) {
         EXPECT_FALSE(data.hide) << state;
         EXPECT_FALSE(data.done) << state;
     }
+}
+
+TEST_F(Progress, CannotTakeTheScreenWhileItIsHeld) {
+    {
+        const ProgressHold hold;
+        EXPECT_FALSE(TakeScreenForProgress());
+        EXPECT_FALSE(data.progressOnScreen);
+    }
+    EXPECT_TRUE(TakeScreenForProgress());
+    EXPECT_TRUE(data.progressOnScreen);
+}
+
+// Whichever comes first, the other sees it: never both at once.
+TEST_F(Progress, NeverHasTheScreenBesideAHold) {
+    std::atomic<bool> ends{false};
+    std::atomic<bool> boxIsOpen{false};
+    std::atomic<int> both{0};
+    std::thread progress([&] {
+        while (!ends) {
+            if (TakeScreenForProgress()) {
+                both += boxIsOpen ? 1 : 0;
+                LeaveScreenOfProgress();
+            }
+        }
+    });
+    for (int time = 0; time < 200; ++time) {
+        const ProgressHold hold;
+        boxIsOpen = true;
+        std::this_thread::yield();
+        boxIsOpen = false;
+    }
+    ends = true;
+    progress.join();
+    EXPECT_EQ(both, 0);
+}
+
+TEST_F(Progress, IsNotWaitedForWhenItsWorkerEnds) {
+    TakeScreenForProgress();
+    std::thread worker([this] {
+        WaitUntil([this] { return data.hide.load(); });
+        data.progressState = kWorkerFinished;
+    });
+    const ProgressHold hold;
+    EXPECT_EQ(data.progressState, kWorkerFinished);
+    worker.join();
+}
+
+TEST_F(Progress, IsOverWhenItsEndWasAskedForOrNoSubmissionRuns) {
+    data.submitState = kWorkerRunning;
+    EXPECT_FALSE(IsProgressOver());
+    EndProgress();
+    EXPECT_TRUE(IsProgressOver());
+    data.done = false;
+    data.submitState = kWorkerFinished;
+    EXPECT_TRUE(IsProgressOver());
 }
 
 TEST_F(Progress, EndsByItsFlag) {

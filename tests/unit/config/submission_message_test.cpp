@@ -1,4 +1,4 @@
-#include "client/client_message.h"
+#include "config/submission_message.h"
 
 #include "config/plugin_data.h"
 #include "tests/support/message_box_watcher.h"
@@ -13,7 +13,7 @@ namespace orv {
 namespace test {
 namespace {
 
-TEST(ClientMessage, KeepsTheProgressWindowAwayWhileItIsOpen) {
+TEST(SubmissionMessage, KeepsTheProgressWindowAwayWhileItIsOpen) {
     const TestProductFolder folder;
     const ModuleScope module;
     PluginData& data = PluginData::instance();
@@ -24,7 +24,7 @@ TEST(ClientMessage, KeepsTheProgressWindowAwayWhileItIsOpen) {
         hiddenMeanwhile = data.hide;
         ::PostMessageW(box, WM_COMMAND, IDOK, 0);
     });
-    ShowClientMessage(nullptr, L"text", L"A message", L"0");
+    ShowSubmissionMessage(nullptr, L"text", L"A message", MB_OK, L"0");
     user.join();
     EXPECT_TRUE(hiddenMeanwhile);
     EXPECT_FALSE(data.hide);
