@@ -150,15 +150,17 @@ void MessageBoxWatcher::answer(HWND box) {
     WaitUntil([&] { return !::IsWindow(box) || !::IsWindowVisible(box) || ended_; });
 }
 
+// A worker that has packed for seconds before its box counts as hung until the box runs: it is
+// waited for all the same.
 std::wstring ReadWindowText(HWND window) {
     DWORD_PTR length = 0;
-    if (::SendMessageTimeoutW(window, WM_GETTEXTLENGTH, 0, 0, SMTO_ABORTIFHUNG,
+    if (::SendMessageTimeoutW(window, WM_GETTEXTLENGTH, 0, 0, SMTO_NORMAL,
                               kAnswerTimeoutMilliseconds, &length) == 0)
         return {};
     std::vector<wchar_t> text(static_cast<std::size_t>(length) + 1);
     DWORD_PTR copied = 0;
     if (::SendMessageTimeoutW(window, WM_GETTEXT, text.size(),
-                              reinterpret_cast<LPARAM>(text.data()), SMTO_ABORTIFHUNG,
+                              reinterpret_cast<LPARAM>(text.data()), SMTO_NORMAL,
                               kAnswerTimeoutMilliseconds, &copied) == 0)
         return {};
     return std::wstring(text.data(), std::min(static_cast<std::size_t>(copied), text.size() - 1));
