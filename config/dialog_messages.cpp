@@ -83,7 +83,7 @@ bool IsOfThisThread(HWND window) {
 
 bool TakeChoices(HWND dialog, SubmissionChoices& choices) {
     return IsOfThisThread(dialog) ? ReadChoices(dialog, choices)
-                                                : ChoicesRequest(dialog).send(choices);
+                                  : ChoicesRequest(dialog).send(choices);
 }
 
 bool TakeCameraRows(HWND cameraTable, std::vector<CameraRow>& rows) {

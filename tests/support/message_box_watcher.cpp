@@ -166,6 +166,8 @@ void MessageBoxWatcher::answer(HWND box) {
     WaitUntil([&] { return !::IsWindow(box) || !::IsWindowVisible(box) || ended_; });
 }
 
+// A worker that has packed for seconds before its box counts as hung until the box runs: it is
+// waited for all the same.
 std::wstring ReadWindowText(HWND window) {
     DWORD_PTR length = 0;
     if (::SendMessageTimeoutW(window, WM_GETTEXTLENGTH, 0, 0, SMTO_NORMAL,
