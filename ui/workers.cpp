@@ -1,5 +1,6 @@
 #include "ui/workers.h"
 
+#include "base/handles.h"
 #include "client/winsock_session.h"
 #include "config/plugin_data.h"
 #include "config/remembered_settings.h"
@@ -9,9 +10,11 @@
 #include "resources/text.h"
 #include "resources/texts.h"
 #include "submit/submit_job.h"
+#include "ui/exit/exit_guard.h"
 #include "ui/progress/progress_dialog.h"
 #include "ui/worker_start.h"
 
+#include <atomic>
 #include <exception>
 #include <string>
 #include <system_error>
@@ -65,7 +68,29 @@ void RunGuarded(const char* worker, Body body) noexcept {
     }
 }
 
+// While the host saves the scene for a submission, which has no thread yet. Of the host's thread.
+bool isSavingFirst = false;
+
+// The threads of the last submission. Each is set by the thread itself before its state says that
+// it has finished, and read only afterwards.
+ThreadHandle submitThread;
+ThreadHandle progressThread;
+std::atomic<DWORD> submitThreadId{0};
+
+ThreadHandle ThisThread() {
+    HANDLE thread = nullptr;
+    ::DuplicateHandle(::GetCurrentProcess(), ::GetCurrentThread(), ::GetCurrentProcess(), &thread,
+                      SYNCHRONIZE, FALSE, 0);
+    return ThreadHandle(thread);
+}
+
+bool IsGone(const ThreadHandle& thread) {
+    return !thread || ::WaitForSingleObject(thread.get(), 0) == WAIT_OBJECT_0;
+}
+
 void RunSubmitWorker(const WorkerArguments& arguments) noexcept {
+    submitThread = ThisThread();
+    submitThreadId = ::GetCurrentThreadId();
     RunGuarded("The submit worker", [&arguments] {
         arguments.language.use();
         saveRememberedSettings(arguments.dialog);
@@ -77,9 +102,11 @@ void RunSubmitWorker(const WorkerArguments& arguments) noexcept {
     if (IsWorkerRunning(data.progressState))
         data.done = true;
     data.submitState = kWorkerFinished;
+    ReleaseExit();
 }
 
 void RunProgressWorker(const WorkerArguments& arguments) noexcept {
+    progressThread = ThisThread();
     PluginData& data = PluginData::instance();
     RunGuarded("The progress worker", [&arguments, &data] {
         arguments.language.use();
@@ -115,17 +142,23 @@ SubmissionStart StartSubmission(HWND dialog, bool savesFirst) noexcept {
         // very function, and clearing them afterwards would lose that.
         data.done = false;
         data.hide = false;
+        data.endSubmission.clear();
+        data.submitStarted = ::GetTickCount64();
         data.stage = savesFirst ? SubmissionStage::Saving : SubmissionStage::Checking;
         data.setPackedFiles(nullptr);
         bool isSaved = true;
         StartWorkerOnce(data.submitState, [&] {
             // The host may ask the user for a file name and deal with other messages meanwhile:
             // the state keeps a second submission away, and the dialog may be gone afterwards.
+            isSavingFirst = savesFirst;
             isSaved = !savesFirst || (host::SaveScene() && ::IsWindow(dialog));
-            if (isSaved)
-                std::thread(RunSubmitWorker, arguments).detach();
-            else
+            isSavingFirst = false;
+            if (!isSaved) {
                 data.submitState = kWorkerFinished;
+                return;
+            }
+            std::thread(RunSubmitWorker, arguments).detach();
+            GuardExit();
         });
         if (!isSaved)
             return SubmissionStart::SceneNotSaved;
@@ -144,6 +177,26 @@ SubmissionStart StartSubmission(HWND dialog, bool savesFirst) noexcept {
 
 bool IsSubmissionRunning() {
     return IsWorkerRunning(PluginData::instance().submitState);
+}
+
+bool HaveWorkersEnded() {
+    const PluginData& data = PluginData::instance();
+    return (isSavingFirst || !IsWorkerRunning(data.submitState)) &&
+           !IsWorkerRunning(data.progressState) && IsGone(submitThread) && IsGone(progressThread);
+}
+
+bool IsSubmissionAsking() {
+    bool found = false;
+    ::EnumThreadWindows(
+        submitThreadId,
+        [](HWND window, LPARAM result) -> BOOL {
+            if (!::IsWindowVisible(window))
+                return TRUE;
+            *reinterpret_cast<bool*>(result) = true;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
 }
 
 } // namespace orv
