@@ -26,6 +26,7 @@ constexpr DWORD kSessionEndMilliseconds = 4000;
 
 std::atomic<HWND> guardWindow{nullptr};
 // Of the host's thread alone.
+bool hasGuarded = false; // there was a submission in this process
 bool isWaiting = false;
 bool isGivenUp = false;
 
@@ -178,6 +179,7 @@ void OnHostExit() {
 } // namespace
 
 void GuardExit() noexcept {
+    hasGuarded = true;
     isGivenUp = false;
     try {
         host::WatchExit(&OnHostExit);
@@ -190,6 +192,8 @@ void GuardExit() noexcept {
         }
     } catch (const std::exception& error) {
         Log(kError, std::string("Watching the host's exit failed: ") + error.what());
+    } catch (...) {
+        Log(kError, "Watching the host's exit failed.");
     }
     // It ended before there was anything to release.
     if (!IsSubmissionRunning())
@@ -203,6 +207,8 @@ void ReleaseExit() noexcept {
 }
 
 void WaitBeforeExit() {
+    if (!hasGuarded)
+        return;
     OnHostExit();
     RemoveGuard();
 }
