@@ -71,7 +71,8 @@ bool ExitDialog::onTimer(UINT_PTR id) {
 void ExitDialog::wait() {
     waits_ = true;
     setText(IDC_EXIT_HEADING, ResourceText(IDS_EXIT_WAITS));
-    ::SetFocus(control(IDC_EXIT_END)); // a disabled button would keep it
+    // A disabled button would keep the focus, and the next Enter must not reach the other one.
+    ::SetFocus(control(IDC_EXIT_BAR));
     ::EnableWindow(control(IDC_EXIT_WAIT), FALSE);
 }
 

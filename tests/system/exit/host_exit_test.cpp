@@ -68,6 +68,10 @@ TEST_F(HostExit, WhilePackingWaitsForAJobThatArrives) {
     EXPECT_EQ(Text(window, IDC_EXIT_HEADING), text(IDS_EXIT_WAITS));
     EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(window, IDC_EXIT_WAIT)));
     EXPECT_TRUE(::IsWindowEnabled(::GetDlgItem(window, IDC_EXIT_END)));
+    GUITHREADINFO focus = {};
+    focus.cbSize = sizeof focus;
+    ASSERT_TRUE(::GetGUIThreadInfo(::GetWindowThreadProcessId(window, nullptr), &focus));
+    EXPECT_NE(focus.hwndFocus, ::GetDlgItem(window, IDC_EXIT_END)) << "a second Enter ends it";
     expectDelivered();
 }
 
