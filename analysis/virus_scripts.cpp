@@ -24,6 +24,8 @@ void RunVirusScripts() {
     PluginData::instance().loadClientInfo(info);
     host::ScriptValue value;
     for (const CleaningScript& script : kScripts) {
+        if (PluginData::instance().endSubmission.isMade())
+            return;
         host::RunScript(L"fileIn \"" + info.*script.path + L"\"", value.get());
         PluginData::instance().writeLog(kWarn, script.logLine);
     }

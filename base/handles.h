@@ -57,8 +57,8 @@ struct File {
     static void close(Value value) noexcept;
 };
 
-// Processes, threads, events, mutexes, file mappings: kernel objects whose "none" is null. `Tag`
-// keeps the kinds apart, so that a thread cannot be put where a process is wanted.
+// Processes, threads, events, mutexes, jobs, file mappings: kernel objects whose "none" is null.
+// `Tag` keeps the kinds apart, so that a thread cannot be put where a process is wanted.
 template<class Tag>
 struct Kernel {
     using Value = HANDLE;
@@ -123,6 +123,7 @@ using FileHandle = Owner<handle_kinds::File>;
 using ProcessHandle = Owner<handle_kinds::Kernel<struct ProcessTag>>;
 using ThreadHandle = Owner<handle_kinds::Kernel<struct ThreadTag>>;
 using EventHandle = Owner<handle_kinds::Kernel<struct EventTag>>;
+using JobHandle = Owner<handle_kinds::Kernel<struct JobTag>>;
 using FileMappingHandle = Owner<handle_kinds::Kernel<struct FileMappingTag>>;
 using FindHandle = Owner<handle_kinds::Find>;
 using MappedView = Owner<handle_kinds::View>; // the address that MapViewOfFile returned

@@ -1,6 +1,7 @@
 #include "client/client_link.h"
 
 #include "client/tcp_exchange.h"
+#include "config/plugin_data.h"
 #include "config/submission_message.h"
 #include "log/module_log.h"
 #include "resources/message_box.h"
@@ -11,12 +12,12 @@ namespace orv {
 namespace {
 
 // The socket is closed when this returns: no message keeps the client's connection open.
-bool Exchange(const ClientLink& link, const std::string& requestBody, std::string& reply,
-              ExchangeFailure& failure) {
+bool Exchange(const ClientLink& link, const std::string& requestBody, HANDLE endEvent,
+              std::string& reply, ExchangeFailure& failure) {
     SocketHandle socket;
     return OpenSocket(socket, failure) && Connect(socket.get(), link, failure) &&
            SendAll(socket.get(), HttpRequest(link, requestBody), failure) &&
-           ReceiveOnce(socket.get(), reply, failure);
+           ReceiveOnce(socket.get(), reply, failure, endEvent);
 }
 
 } // namespace
@@ -26,9 +27,14 @@ int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ow
     const std::wstring caption = ResourceText(IDS_CAPTION);
     const std::wstring marker = ResourceText(IDS_LANGUAGE_MARKER);
 
+    const EndRequest& endRequest = PluginData::instance().endSubmission;
     std::string reply;
     ExchangeFailure failure;
-    if (!Exchange(link, requestBody, reply, failure)) {
+    if (!Exchange(link, requestBody, endRequest.event(), reply, failure)) {
+        if (endRequest.isMade()) {
+            log.write("The exchange was ended by request. The client may have the job.", kWarn);
+            return kNoReply;
+        }
         log.write(failure.logText, kError);
         ShowSubmissionMessage(ownerWindow,
                               ResourceText(IDS_CLIENT_UNREACHABLE) + std::to_wstring(failure.code),

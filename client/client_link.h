@@ -13,7 +13,9 @@ namespace orv {
 // its message over `ownerWindow` (may be null) and returns its code, or kNoReply after a message
 // that says what went wrong. Winsock must be started (see WinsockSession). Blocks for as long as
 // the system's own time-outs and as its message is open: call it from a worker thread. Logs to
-// "rud_http". The connection is closed before any message is shown.
+// "rud_http". The connection is closed before any message is shown. `PluginData::endSubmission`
+// ends the wait for the reply: then the result is kNoReply, a line in the log says so, and nothing
+// is shown.
 int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ownerWindow);
 
 } // namespace orv

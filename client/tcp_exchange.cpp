@@ -23,6 +23,17 @@ ExchangeFailure FailureOf(const std::string& logText, DWORD code) {
     return failure;
 }
 
+// Waits until the socket has something to read, its end included, or `endEvent` is signalled, for
+// which it answers false. Where the system has no event left, it waits for the socket alone. From
+// here on the socket does not block.
+bool WaitForReply(SOCKET socket, HANDLE endEvent) {
+    const EventHandle readable(::CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    if (!readable || ::WSAEventSelect(socket, readable.get(), FD_READ | FD_CLOSE) != 0)
+        return true;
+    const HANDLE either[] = {readable.get(), endEvent};
+    return ::WaitForMultipleObjects(2, either, FALSE, INFINITE) != WAIT_OBJECT_0 + 1;
+}
+
 } // namespace
 
 bool OpenSocket(SocketHandle& socket, ExchangeFailure& failure) {
@@ -74,7 +85,11 @@ bool SendAll(SOCKET socket, const std::string& bytes, ExchangeFailure& failure) 
 
 // One read and no more: the client sends its reply in one piece, and nothing in it is relied upon
 // to tell where it ends.
-bool ReceiveOnce(SOCKET socket, std::string& reply, ExchangeFailure& failure) {
+bool ReceiveOnce(SOCKET socket, std::string& reply, ExchangeFailure& failure, HANDLE endEvent) {
+    if (endEvent != nullptr && !WaitForReply(socket, endEvent)) {
+        failure = FailureOf("receive ended by request, Error Code is: ", 0);
+        return false;
+    }
     const std::unique_ptr<char[]> buffer(new char[kReplySize]);
     ::SetLastError(0); // a connection that was closed in order sets no code of its own
     const int received = ::recv(socket, buffer.get(), kReplySize, 0);

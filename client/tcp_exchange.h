@@ -24,7 +24,9 @@ bool Connect(SOCKET socket, const ClientLink& link, ExchangeFailure& failure);
 bool SendAll(SOCKET socket, const std::string& bytes, ExchangeFailure& failure);
 
 // Waits for the first bytes of the other side and takes what has come by then, 2048 bytes at most.
-// A connection that ends without a byte is a failure with code 0.
-bool ReceiveOnce(SOCKET socket, std::string& reply, ExchangeFailure& failure);
+// A connection that ends without a byte is a failure with code 0. So is a wait that `endEvent` (may
+// be null) ends by being signalled.
+bool ReceiveOnce(SOCKET socket, std::string& reply, ExchangeFailure& failure,
+                 HANDLE endEvent = nullptr);
 
 } // namespace orv

@@ -3,6 +3,7 @@
 
 #include "base/noncopyable.h"
 #include "config/client_info.h"
+#include "config/end_request.h"
 #include "config/remembered_controls.h"
 #include "config/scene_analysis.h"
 #include "log/module_log.h"
@@ -76,6 +77,8 @@ public:
     std::atomic<bool> progressOnScreen{false}; // it is, or is about to be (config/progress_hold.h)
     std::atomic<bool> confirmationRequired{false};
     std::atomic<SubmissionStage> stage{SubmissionStage::Checking};
+    std::atomic<std::uint64_t> submitStarted{0}; // GetTickCount64
+    EndRequest endSubmission;                    // without its job
 
     // What the submission that runs packs; null before that. Each value is made once and never
     // changed, so that the reader keeps a whole one.

@@ -20,7 +20,7 @@ void EndProgress() {
         data.done = true;
 }
 
-ProgressHold::ProgressHold() {
+ProgressHold::ProgressHold(bool waitsForScreen) {
     PluginData& data = PluginData::instance();
     if (!IsProgressRunning(data))
         return;
@@ -28,7 +28,7 @@ ProgressHold::ProgressHold() {
     holds_ = !data.hide.exchange(true);
     // The flag is set before the screen is looked at, and the progress worker takes the screen
     // before it looks at the flag: one of the two sees the other.
-    while (data.progressOnScreen && IsProgressRunning(data))
+    while (waitsForScreen && data.progressOnScreen && IsProgressRunning(data))
         ::Sleep(kLookMilliseconds);
 }
 

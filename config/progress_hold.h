@@ -13,10 +13,12 @@ void EndProgress();
 // beside it that says something else, and none that takes the keyboard. The constructor returns
 // when the window is off the screen, which takes one period of its timer at most. Does nothing
 // without a running progress worker. One within another changes nothing. Not for the progress
-// worker, nor for the dialog's thread.
+// worker.
 class ProgressHold : private rud_Noncopyable {
 public:
-    ProgressHold();
+    // A thread that owns the dialog passes false: the window leaves the screen at its next tick,
+    // and what it sends meanwhile has to be served.
+    explicit ProgressHold(bool waitsForScreen = true);
     ~ProgressHold();
 
 private:

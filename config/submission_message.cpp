@@ -1,6 +1,7 @@
 #include "config/submission_message.h"
 
 #include "config/held_dialog.h"
+#include "config/plugin_data.h"
 #include "config/progress_hold.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -9,6 +10,8 @@ namespace orv {
 
 int ShowSubmissionMessage(HWND owner, const std::wstring& text, const std::wstring& caption,
                           UINT type, const std::wstring& languageMarker) {
+    if (PluginData::instance().endSubmission.isMade())
+        return IDCANCEL; // nobody waits for an answer any more
     const HeldDialog held(owner);
     const ProgressHold hold;
     const int button = ShowMessage(owner, text, caption, type, languageMarker);

@@ -9,7 +9,8 @@ namespace orv {
 
 // Shows a message box of a submission over its dialog `owner` (may be null or closed meanwhile:
 // then the box stands alone) and returns the id of the button that was pressed, 0 when the box
-// could not be shown. The progress window is off the screen before the box opens and until it is
+// could not be shown. Once the end of the submission was requested it shows nothing and returns
+// IDCANCEL. The progress window is off the screen before the box opens and until it is
 // closed. The keyboard goes back to `owner`. `type` is that of MessageBoxExW, the language follows
 // the text of the language marker. For the submit worker.
 int ShowSubmissionMessage(HWND owner, const std::wstring& text, const std::wstring& caption,

@@ -40,6 +40,15 @@ inline int RunScript(const std::wstring& text, FPValue& result) {
     return orv_host_run_script(text.c_str(), &result);
 }
 
+inline bool IsUnattended() {
+    return orv_host_is_unattended() != 0;
+}
+
+// Has `exiting` called on the host's thread when the host is about to exit; null ends it.
+inline void WatchExit(void (*exiting)()) {
+    orv_host_watch_exit(exiting);
+}
+
 // Tooltips of one dialog; they are removed with the object.
 class ToolTips : private rud_Noncopyable {
 public:

@@ -39,6 +39,15 @@ int orv_host_run_script(const wchar_t* text, FPValue* result);
 FPValue* orv_host_value_create(void);
 void orv_host_value_destroy(FPValue* value);
 
+// Whether nobody sits before the host: it runs in its quiet mode or as a network renderer. Zero
+// when it cannot say.
+int orv_host_is_unattended(void);
+
+// Has `exiting` called on the host's thread when the host is about to exit, while everything in it
+// still works; what it does holds the exit up. One at a time; null ends it. Once the door is closed
+// only the host's own thread can end it.
+void orv_host_watch_exit(void (*exiting)(void));
+
 // The host's spinners: links control `spinner` of `dialog` to edit `edit` and sets range and value.
 // Nonzero when the controls exist.
 int orv_host_setup_float_spinner(HWND dialog, int spinner, int edit, float minimum, float maximum,

@@ -13,6 +13,18 @@ int orv_host_run_script(const wchar_t* text, FPValue* result) {
     return answer;
 }
 
+int orv_host_is_unattended(void) {
+    int unattended = 0;
+    OnHostThread([&] {
+        FPValue value;
+        // True for a network renderer, too. Errors stay out of the listener.
+        if (ExecuteMAXScriptScript(_M("GetQuietMode()"), TRUE, &value, FALSE) &&
+            static_cast<int>(value.type) == static_cast<int>(TYPE_BOOL))
+            unattended = value.i;
+    });
+    return unattended;
+}
+
 FPValue* orv_host_value_create(void) {
     return new FPValue;
 }

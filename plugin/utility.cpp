@@ -7,6 +7,7 @@
 #include "plugin/menu.h"
 #include "resources/text.h"
 #include "resources/texts.h"
+#include "ui/entry.h"
 
 namespace {
 
@@ -48,6 +49,9 @@ DWORD Orv_Rendering::Start() {
 }
 
 void Orv_Rendering::Stop() {
+    // Before anything is taken back: a submission still needs the host. One that ran when the host
+    // said that it would exit has ended by now.
+    orv_wait_before_exit();
     UnRegisterNotification(onSystemStartup, this, kNotifySystemStartup);
     RemoveMenuByTitle(loadResourceString(IDS_MENU_TITLE));
     orv_host_close();

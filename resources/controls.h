@@ -14,6 +14,7 @@
 #define IDD_RENDER_OPTIONS 103
 #define IDD_PROGRESS 104
 #define IDD_LIST 105
+#define IDD_EXIT 106
 
 // Main dialog.
 #define IDC_BACK_UP_SCENE 1000 // and clean it of script viruses
@@ -88,6 +89,14 @@
 #define IDC_PROGRESS_TEXT 1203
 #define IDC_PROGRESS_TIME 1213
 #define IDC_PROGRESS_SIZE 1214
+
+// Exit dialog.
+#define IDC_EXIT_HEADING 1240
+#define IDC_EXIT_STAGE 1241
+#define IDC_EXIT_BAR 1242
+#define IDC_EXIT_TIME 1243
+#define IDC_EXIT_WAIT 1244
+#define IDC_EXIT_END 1245
 
 // Render options dialog. The main dialog has other controls of some of these numbers.
 #define IDC_OPTIONS_CANCEL 103

@@ -59,6 +59,12 @@
 #define IDS_PROGRESS_TIME 211
 #define IDS_PROGRESS_SIZE 212
 
+// Exit dialog, and Windows' own list of what holds its shutdown up.
+#define IDS_EXIT_WAITS 240
+#define IDS_EXIT_ENDS 241
+#define IDS_STAGE_ENDING 242
+#define IDS_SHUTDOWN_REASON 243
+
 // Camera table.
 #define IDS_COLUMN_CAMERA 32
 #define IDS_COLUMN_WIDTH 34

@@ -2,9 +2,9 @@
 
 #include "analysis/text/text_convert.h"
 #include "analysis/work_folder.h"
-#include "base/handles.h"
 #include "config/plugin_data.h"
 #include "submit/archive_password.h"
+#include "submit/archiver_process.h"
 #include "submit/dialog_input/scene_name_text.h"
 #include "submit/paths.h"
 #include "submit/random_text.h"
@@ -75,26 +75,6 @@ void DeleteUnfinished(const std::wstring& path) {
     Fail("delete of " + WideToUtf8(path) + " error, code is " + std::to_string(error));
 }
 
-ProcessHandle StartArchiver(const JobPaths& paths) {
-    // The path has a blank: without the quotes Windows would start a C:\ProgramData/Orv.exe, if
-    // somebody put one there, before the archiver.
-    std::wstring commandLine =
-        L"\"" + paths.sevenZipPath + L"\"" + Utf8ToWide(paths.archiverArguments);
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    PROCESS_INFORMATION process{};
-    if (!::CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, FALSE,
-                          CREATE_NO_WINDOW | NORMAL_PRIORITY_CLASS, nullptr, nullptr, &startup,
-                          &process)) {
-        const DWORD error = ::GetLastError();
-        Fail("start of the archiver " + WideToUtf8(paths.sevenZipPath) + " error, code is " +
-             std::to_string(error));
-        return {};
-    }
-    const ThreadHandle thread(process.hThread);
-    return ProcessHandle(process.hProcess);
-}
-
 } // namespace
 
 bool PackScene(const std::string& scenePath, JobPaths& paths, const SessionData& session) {
@@ -121,19 +101,28 @@ bool PackScene(const std::string& scenePath, JobPaths& paths, const SessionData&
 void RunArchiver(const JobPaths& paths) {
     const std::wstring archivePath = Utf8ToWide(paths.archivePath);
     const bool isNew = !IsThere(archivePath);
-    const ProcessHandle archiver = StartArchiver(paths);
-    if (!archiver)
-        return;
-    ::WaitForSingleObject(archiver.get(), INFINITE);
-    DWORD exitCode = 0;
-    ::GetExitCodeProcess(archiver.get(), &exitCode);
-    if (exitCode == 0) {
-        PluginData::instance().writeLog(kInfo, "Scene packed into " + paths.archivePath);
+    // The path has a blank: without the quotes Windows would start a C:\ProgramData/Orv.exe, if
+    // somebody put one there, before the archiver.
+    const std::wstring program = L"\"" + paths.sevenZipPath + L"\"";
+    ArchiverProcess archiver;
+    DWORD error = ERROR_SUCCESS;
+    if (!archiver.start(program + Utf8ToWide(paths.archiverArguments), error)) {
+        Fail("start of the archiver " + WideToUtf8(paths.sevenZipPath) + " error, code is " +
+             std::to_string(error));
         return;
     }
-    Fail("the archiver ended with code " + std::to_string(exitCode));
+    DWORD exitCode = 0;
+    if (archiver.wait(PluginData::instance().endSubmission.event(), exitCode)) {
+        if (exitCode == 0) {
+            PluginData::instance().writeLog(kInfo, "Scene packed into " + paths.archivePath);
+            return;
+        }
+        Fail("the archiver ended with code " + std::to_string(exitCode));
+    }
     // A new archive is written in its place, one that was there before beside itself.
-    DeleteUnfinished(isNew ? archivePath : archivePath + kUnfinishedSuffix);
+    if (isNew)
+        DeleteUnfinished(archivePath);
+    DeleteUnfinished(archivePath + kUnfinishedSuffix);
 }
 
 } // namespace orv

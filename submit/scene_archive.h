@@ -15,10 +15,10 @@ namespace orv {
 // no full one, or the archive's path is too long.
 bool PackScene(const std::string& scenePath, JobPaths& paths, const SessionData& session);
 
-// Runs 7-Zip as PackScene prepared it and waits for its end, however long it takes. A 7-Zip that
-// cannot be started or ends with an exit code other than 0 leaves a line in "rud_data", and what it
-// had written of the archive is deleted. The log never has the arguments, because the password is
-// among them.
+// Runs 7-Zip as PackScene prepared it and waits for its end, however long it takes, or until the
+// end of the submission is requested, which ends 7-Zip. A 7-Zip that cannot be started or ends with
+// an exit code other than 0 leaves a line in "rud_data". What an unfinished 7-Zip had written of
+// the archive is deleted. The log never has the arguments, because the password is among them.
 void RunArchiver(const JobPaths& paths);
 
 } // namespace orv

@@ -70,19 +70,29 @@ public:
         takeRenderElements();
         if (!takeSceneName())
             return result_;
+        if (isEnded())
+            return result_;
         if (!saveScene())
             return result_;
         if (!nameJob())
             return result_;
         preparePaths();
+        if (isEnded())
+            return result_;
         if (!makeOutputFolder())
             return result_;
         if (choices_.isChecked(IDC_BACK_UP_SCENE))
             cleanScene();
+        if (isEnded())
+            return result_;
         if (!packScene())
             return result_;
         runArchiver();
+        if (isEnded())
+            return result_;
         if (!describeJob())
+            return result_;
+        if (isEnded())
             return result_;
         postJob();
         return kSubmitEnded;
@@ -112,6 +122,8 @@ private:
     double number(int control, double otherwise) const;
     std::int32_t wholeNumber(int control, std::int32_t otherwise) const;
     int show(unsigned textId, UINT type = MB_OK);
+    bool isEnded();
+    void deleteFile(const std::wstring& path, const char* what);
     bool end(std::int32_t result);
     bool endWith(unsigned textId, std::int32_t result, const char* reason);
     void closeDialog() { ::EndDialog(dialog_, 0); }
@@ -130,6 +142,8 @@ private:
     std::wstring jobName_;   // a GUID
     JobPaths paths_;
     std::string requestBody_;
+    bool isPacked_ = false;    // an archive of this submission may be there
+    bool isDescribed_ = false; // paths_.jsonDir is the job file
 };
 
 // What the dialog has no control for keeps the value that the analysis found.
@@ -157,6 +171,29 @@ bool Submission::endWith(unsigned textId, std::int32_t result, const char* reaso
     data_.writeLog(kError, std::string("Submission: ") + reason);
     show(textId);
     return false;
+}
+
+// Whether the submission has to end here, because that was requested. What it has made for the
+// client is deleted: without its job nobody looks for it.
+bool Submission::isEnded() {
+    if (!data_.endSubmission.isMade())
+        return false;
+    if (isPacked_)
+        deleteFile(Utf8ToWide(paths_.archivePath), "archive");
+    if (isDescribed_)
+        deleteFile(paths_.jsonDir, "job file");
+    data_.writeLog(kWarn, "Submission: ended by request. Nothing was sent to the client.");
+    end(kSubmitEnded);
+    return true;
+}
+
+void Submission::deleteFile(const std::wstring& path, const char* what) {
+    if (::DeleteFileW(path.c_str()))
+        return;
+    const DWORD error = ::GetLastError();
+    if (error != ERROR_FILE_NOT_FOUND) // 7-Zip was ended before it had one
+        data_.writeLog(kError, std::string("Submission: delete of the ") + what +
+                                   " error, code is " + std::to_string(error));
 }
 
 void Submission::takeCoronaLimits() {
@@ -304,14 +341,16 @@ void Submission::runArchiver() {
     data_.setPackedFiles(std::make_shared<const PackedFiles>(
         PackedFiles{Utf8ToWide(paths_.scenePath), Utf8ToWide(paths_.archivePath)}));
     data_.stage = SubmissionStage::Packing;
+    isPacked_ = true;
     RunArchiver(paths_); // a failure is logged; the client checks the archive anyway
-    ::Sleep(kArchiveSettleMilliseconds);
+    data_.endSubmission.wait(kArchiveSettleMilliseconds);
 }
 
 bool Submission::describeJob() {
     data_.stage = SubmissionStage::Describing;
-    return WriteJobDescription(analysis_, choices_, dialog_, paths_, jobName_, requestBody_) ||
-           end(kSubmitFailed);
+    isDescribed_ =
+        WriteJobDescription(analysis_, choices_, dialog_, paths_, jobName_, requestBody_);
+    return isDescribed_ || end(kSubmitFailed);
 }
 
 void Submission::postJob() {
@@ -321,6 +360,8 @@ void Submission::postJob() {
     link.port = paths_.port;
     if (PostToClient(link, requestBody_, dialog_) == kReplyAccepted)
         closeDialog();
+    else if (data_.endSubmission.isMade())
+        data_.writeLog(kWarn, "Submission: ended by request. The client may have the job.");
 }
 
 // Nobody else changes the shared analysis while a submission runs; its report and cameras stay as

@@ -18,8 +18,9 @@ constexpr std::int32_t kSubmitFailed = -1; // a check or a step failed
 // cannot be used. What the submission collected is put into PluginData's analysis when it ends.
 // Runs on the submit worker, never on the dialog's own thread; Winsock must be started. `caption`
 // is the caption of its message boxes, and `languageMarker` (text 57) decides their language.
-// Returns one of the codes above. Lets no exception out: an unexpected one ends the submission with
-// a message.
+// `PluginData::endSubmission` ends it at its next step, without a message and with kSubmitEnded;
+// what it has made is deleted unless it was posted. Returns one of the codes above. Lets no
+// exception out: an unexpected one ends the submission with a message.
 std::int32_t SubmitJob(SubmissionChoices choices, HWND dialog, std::wstring caption,
                        std::wstring unused, std::wstring languageMarker);
 

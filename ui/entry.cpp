@@ -5,6 +5,7 @@
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
+#include "ui/exit/exit_guard.h"
 #include "ui/main_dialog/main_dialog.h"
 #include "ui/workers.h"
 
@@ -48,6 +49,10 @@ void OpenMainDialog(HWND owner) {
 
 void orv_open_main_dialog(HWND owner) {
     RunGuarded("Opening the dialog", [owner] { OpenMainDialog(owner); });
+}
+
+void orv_wait_before_exit(void) {
+    RunGuarded("Waiting for the submission", [] { orv::WaitBeforeExit(); });
 }
 
 void orv_show_about(void) {

@@ -1,5 +1,6 @@
 #include "ui/workers.h"
 
+#include "base/handles.h"
 #include "client/winsock_session.h"
 #include "config/dialog_messages.h"
 #include "config/held_dialog.h"
@@ -13,9 +14,11 @@
 #include "resources/texts.h"
 #include "submit/submit_job.h"
 #include "submit/unexpected_end.h"
+#include "ui/exit/exit_guard.h"
 #include "ui/progress/progress_dialog.h"
 #include "ui/worker_start.h"
 
+#include <atomic>
 #include <exception>
 #include <memory>
 #include <string>
@@ -74,7 +77,29 @@ bool RunGuarded(const char* worker, Body body) noexcept {
     return false;
 }
 
+// While the host saves the scene for a submission, which has no thread yet. Of the host's thread.
+bool isSavingFirst = false;
+
+// The threads of the last submission. Each is set by the thread itself before its state says that
+// it has finished, and read only afterwards.
+ThreadHandle submitThread;
+ThreadHandle progressThread;
+std::atomic<DWORD> submitThreadId{0};
+
+ThreadHandle ThisThread() {
+    HANDLE thread = nullptr;
+    ::DuplicateHandle(::GetCurrentProcess(), ::GetCurrentThread(), ::GetCurrentProcess(), &thread,
+                      SYNCHRONIZE, FALSE, 0);
+    return ThreadHandle(thread);
+}
+
+bool IsGone(const ThreadHandle& thread) {
+    return !thread || ::WaitForSingleObject(thread.get(), 0) == WAIT_OBJECT_0;
+}
+
 void RunSubmitWorker(const WorkerArguments& arguments) noexcept {
+    submitThread = ThisThread();
+    submitThreadId = ::GetCurrentThreadId();
     const bool isDone = RunGuarded("The submit worker", [&arguments] {
         arguments.language.use();
         saveRememberedSettings(*arguments.choices);
@@ -90,10 +115,12 @@ void RunSubmitWorker(const WorkerArguments& arguments) noexcept {
     data.submitState = kWorkerFinished;
     // Waits for nobody, and overtakes what the user has clicked meanwhile.
     ::SendNotifyMessageW(arguments.dialog, kSubmissionEnded, 0, 0);
+    ReleaseExit();
 }
 
 void RunProgressWorker(const WorkerArguments& arguments,
                        std::unique_ptr<HeldDialog> hold) noexcept {
+    progressThread = ThisThread();
     PluginData& data = PluginData::instance();
     RunGuarded("The progress worker", [&arguments, &data] {
         arguments.language.use();
@@ -171,6 +198,8 @@ SubmissionStart StartSubmission(HWND dialog) noexcept {
         // very function, and clearing them afterwards would lose that.
         data.done = false;
         data.hide = false;
+        data.endSubmission.clear();
+        data.submitStarted = ::GetTickCount64();
         data.stage = savesFirst ? SubmissionStage::Saving : SubmissionStage::Checking;
         data.setPackedFiles(nullptr);
         bool isSaved = true;
@@ -178,11 +207,15 @@ SubmissionStart StartSubmission(HWND dialog) noexcept {
             // The host may ask the user for a file name and deal with other messages meanwhile:
             // the state keeps a second submission away. The dialog may be gone afterwards; what it
             // was asked to submit is submitted all the same.
+            isSavingFirst = savesFirst;
             isSaved = !savesFirst || host::SaveScene();
-            if (isSaved)
-                StartThreads(arguments);
-            else
+            isSavingFirst = false;
+            if (!isSaved) {
                 data.submitState = kWorkerFinished;
+                return;
+            }
+            StartThreads(arguments);
+            GuardExit();
         });
         return isSaved ? SubmissionStart::Started : SubmissionStart::SceneNotSaved;
     } catch (const std::exception& error) {
@@ -195,6 +228,26 @@ SubmissionStart StartSubmission(HWND dialog) noexcept {
 
 bool IsSubmissionRunning() {
     return IsWorkerRunning(PluginData::instance().submitState);
+}
+
+bool HaveWorkersEnded() {
+    const PluginData& data = PluginData::instance();
+    return (isSavingFirst || !IsWorkerRunning(data.submitState)) &&
+           !IsWorkerRunning(data.progressState) && IsGone(submitThread) && IsGone(progressThread);
+}
+
+bool IsSubmissionAsking() {
+    bool found = false;
+    ::EnumThreadWindows(
+        submitThreadId,
+        [](HWND window, LPARAM result) -> BOOL {
+            if (!::IsWindowVisible(window))
+                return TRUE;
+            *reinterpret_cast<bool*>(result) = true;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&found));
+    return found;
 }
 
 } // namespace orv

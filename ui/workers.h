@@ -22,4 +22,11 @@ SubmissionStart StartSubmission(HWND dialog) noexcept;
 // Whether a submission runs.
 bool IsSubmissionRunning();
 
+// Whether neither worker runs and their threads are gone: no code of this library runs on them any
+// more. For the host's thread.
+bool HaveWorkersEnded();
+
+// Whether a message box of the submission waits for the user.
+bool IsSubmissionAsking();
+
 } // namespace orv

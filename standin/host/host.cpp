@@ -62,12 +62,16 @@ HostOptions WithFolders(HostOptions options) {
 
 Host::Host(HostOptions options, EventSink sink)
     : options_(WithFolders(std::move(options))), sink_(std::move(sink)),
-      askForFile_(&AskForSceneFile),
-      runner_(std::make_unique<MaxscriptRunner>(
-          scene_,
-          [this](const std::wstring& name) { return HostFolder(options_.hostFolder, name); },
-          [this](const std::wstring& text) { listener(text); })),
+      askForFile_(&AskForSceneFile), runner_(makeRunner()),
       window_({[this](int id) { menuCommand(id); }, [this] { leaving_ = true; }}) {}
+
+std::unique_ptr<ScriptRunner> Host::makeRunner() {
+    auto runner = std::make_unique<MaxscriptRunner>(
+        scene_, [this](const std::wstring& name) { return HostFolder(options_.hostFolder, name); },
+        [this](const std::wstring& text) { listener(text); });
+    runner->setQuietMode(options_.quiet);
+    return runner;
+}
 
 Host::~Host() {
     stop();

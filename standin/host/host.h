@@ -65,6 +65,7 @@ public:
 private:
     friend class HostServices;
 
+    std::unique_ptr<ScriptRunner> makeRunner();
     void loadMenus();
     void loadPlugins();
     void unloadPlugins();

@@ -157,6 +157,10 @@ LRESULT MainWindow::handle(HWND window, UINT message, WPARAM wParam, LPARAM lPar
         if (handlers_.close)
             handlers_.close();
         return 0;
+    case WM_ENDSESSION: // WM_QUERYENDSESSION is answered with TRUE: nothing has to be asked
+        if (wParam != FALSE && handlers_.close)
+            handlers_.close();
+        return 0;
     case WM_ERASEBKGND:
         return 1; // painting covers everything
     case WM_PAINT: {

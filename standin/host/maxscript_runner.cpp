@@ -69,6 +69,8 @@ MaxscriptRunner::MaxscriptRunner(Scene& scene, FolderOf folderOf, Interpreter::L
     facts_.scenePath = [this] { return scene_.path(); };
     facts_.modified = [this] { return scene_.modified(); };
     facts_.setModified = [this](bool modified) { scene_.setModified(modified); };
+    facts_.quietMode = [this] { return quietMode_; };
+    facts_.setQuietMode = [this](bool quiet) { quietMode_ = quiet; };
     facts_.folderOf = std::move(folderOf);
     maxscript::AddSceneLibrary(interpreter_, state_, facts_);
     interpreter_.globals().addFunction(L"fileIn", 1, 1, [this](Interpreter&, const Arguments& a) {

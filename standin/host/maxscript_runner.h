@@ -20,6 +20,9 @@ public:
 
     ScriptOutcome run(const std::wstring& text) override;
 
+    // What GetQuietMode answers until a script changes it: whether the host asks nobody anything.
+    void setQuietMode(bool quiet) { quietMode_ = quiet; }
+
     maxscript::Interpreter& interpreter() { return interpreter_; }
 
 private:
@@ -33,6 +36,7 @@ private:
     maxscript::SceneState state_;
     maxscript::Interpreter interpreter_;
     int generation_ = 0;
+    bool quietMode_ = false;
 };
 
 } // namespace standin

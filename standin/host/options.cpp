@@ -19,6 +19,7 @@ struct Flag {
 };
 constexpr Flag kFlags[] = {{L"--late-menus", &HostOptions::loadMenusLate},
                            {L"--exit-after-start", &HostOptions::exitAfterStart},
+                           {L"--quiet", &HostOptions::quiet},
                            {L"--help", &HostOptions::showHelp}};
 
 std::wstring HostOptions::*TextTarget(const std::wstring& name) {
@@ -89,6 +90,7 @@ std::string HelpText() {
            "  --language en|zh      language of the plug-ins' texts (en)\n"
            "  --log FILE            write the events to this file too\n"
            "  --exit-after-start    close as soon as the start-up is complete\n"
+           "  --quiet               start in quiet mode, as a host without a user\n"
            "  --help                this text\n";
 }
 

@@ -79,9 +79,7 @@ void ProgressDialog::showLines() {
     shown_ = ::GetTickCount64();
     shownStage_ = data_.stage;
     setText(IDC_PROGRESS_TEXT, ResourceText(StageText(shownStage_)));
-    std::wstring time = ResourceText(IDS_PROGRESS_TIME);
-    Replace(time, L"%1", ElapsedText(shown_ - opened_));
-    setText(IDC_PROGRESS_TIME, time);
+    setText(IDC_PROGRESS_TIME, TimeLine(shown_ - opened_));
 
     const std::shared_ptr<const PackedFiles> files = data_.packedFiles();
     if (files == nullptr)

@@ -1,6 +1,7 @@
 #include "ui/progress/progress_lines.h"
 
 #include "base/windows.h"
+#include "resources/message_box.h"
 #include "resources/texts.h"
 #include "ui/decimal_field.h"
 
@@ -37,6 +38,15 @@ std::wstring ElapsedText(std::uint64_t milliseconds) {
     if (seconds < 3600)
         return std::to_wstring(seconds / 60) + L":" + rest;
     return std::to_wstring(seconds / 3600) + L":" + TwoDigits(seconds / 60 % 60) + L":" + rest;
+}
+
+std::wstring TimeLine(std::uint64_t milliseconds) {
+    constexpr wchar_t kMark[] = L"%1";
+    std::wstring line = ResourceText(IDS_PROGRESS_TIME);
+    const std::size_t at = line.find(kMark);
+    if (at != std::wstring::npos)
+        line.replace(at, 2, ElapsedText(milliseconds));
+    return line;
 }
 
 std::wstring MegabyteText(std::uint64_t bytes) {

@@ -122,6 +122,14 @@ void AddAssetFunctions(Globals& globals, SceneState& state, const HostFacts& fac
         facts.setModified(ToCondition(a.values[0], L"setSaveRequired"));
         return Value::special(Value::Kind::Ok);
     });
+    globals.addFunction(L"GetQuietMode", 0, 0, [&facts](Interpreter&, const Arguments&) {
+        return Value(facts.quietMode());
+    });
+    globals.addFunction(L"SetQuietMode", 1, 1, [&facts](Interpreter&, const Arguments& a) {
+        const bool before = facts.quietMode();
+        facts.setQuietMode(ToCondition(a.values[0], L"SetQuietMode"));
+        return Value(before);
+    });
     globals.addFunction(L"getDir", 1, 1, [&facts](Interpreter&, const Arguments& a) {
         const std::wstring folder = facts.folderOf(Fold(TextOf(a.values[0])));
         if (folder.empty()) {

@@ -13,6 +13,8 @@ struct HostFacts {
     std::function<std::wstring()> scenePath; // empty for a scene without a file
     std::function<bool()> modified;
     std::function<void(bool)> setModified;
+    std::function<bool()> quietMode;
+    std::function<void(bool)> setQuietMode;
     std::function<std::wstring(const std::wstring&)>
         folderOf; // by name: "maxroot", "userStartupScripts"
 };

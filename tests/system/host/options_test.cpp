@@ -11,10 +11,11 @@ using Arguments = std::vector<std::wstring>;
 TEST(CommandLine, GivesEveryOption) {
     HostOptions options;
     std::wstring error;
-    ASSERT_TRUE(standin::ReadArguments(
-        {L"--plugin-dir", L"C:\\plug ins", L"--scene", L"\u573A.max", L"--menu-file", L"m.json",
-         L"--log", L"l.txt", L"--language", L"zh", L"--late-menus", L"--exit-after-start"},
-        options, error));
+    ASSERT_TRUE(
+        standin::ReadArguments({L"--plugin-dir", L"C:\\plug ins", L"--scene", L"\u573A.max",
+                                L"--menu-file", L"m.json", L"--log", L"l.txt", L"--language", L"zh",
+                                L"--late-menus", L"--exit-after-start", L"--quiet"},
+                               options, error));
     EXPECT_EQ(options.pluginFolder, L"C:\\plug ins");
     EXPECT_EQ(options.scenePath, L"\u573A.max");
     EXPECT_EQ(options.menuFile, L"m.json");
@@ -22,6 +23,7 @@ TEST(CommandLine, GivesEveryOption) {
     EXPECT_EQ(options.language, standin::Language::Chinese);
     EXPECT_TRUE(options.loadMenusLate);
     EXPECT_TRUE(options.exitAfterStart);
+    EXPECT_TRUE(options.quiet);
     EXPECT_FALSE(options.showHelp);
 }
 
@@ -31,6 +33,7 @@ TEST(CommandLine, MayBeEmpty) {
     ASSERT_TRUE(standin::ReadArguments({}, options, error));
     EXPECT_EQ(options.language, standin::Language::English);
     EXPECT_FALSE(options.exitAfterStart);
+    EXPECT_FALSE(options.quiet);
 }
 
 class WrongCommandLines : public ::testing::TestWithParam<Arguments> {};
@@ -51,7 +54,7 @@ INSTANTIATE_TEST_SUITE_P(Arguments, WrongCommandLines,
 TEST(CommandLine, HelpNamesEveryOption) {
     const std::string help = standin::HelpText();
     for (const char* option : {"--plugin-dir", "--scene", "--menu-file", "--late-menus",
-                               "--language", "--log", "--exit-after-start", "--help"}) {
+                               "--language", "--log", "--exit-after-start", "--quiet", "--help"}) {
         EXPECT_NE(help.find(option), std::string::npos) << option;
     }
 }

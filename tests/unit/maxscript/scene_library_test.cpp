@@ -151,4 +151,10 @@ TEST_F(SceneLibrary, MarksTheSceneAsModified) {
     EXPECT_TRUE(scene_.modified());
 }
 
+TEST_F(SceneLibrary, KeepsTheQuietMode) {
+    EXPECT_EQ(run(L"GetQuietMode()"), L"false");
+    EXPECT_EQ(run(L"SetQuietMode true"), L"false") << "what it was before";
+    EXPECT_EQ(run(L"getquietmode()"), L"true");
+}
+
 } // namespace

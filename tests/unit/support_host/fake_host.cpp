@@ -121,6 +121,12 @@ HWND orv_host_main_window(void) {
     return nullptr;
 }
 
+int orv_host_is_unattended(void) {
+    return 0;
+}
+
+void orv_host_watch_exit(void (*)(void)) {} // it never exits
+
 int orv_host_scene_file_name(wchar_t* buffer, int capacity) {
     const std::wstring path = Current().scenePath();
     const std::size_t separator = path.find_last_of(L"\\/");

@@ -1,0 +1,45 @@
+// The request to end the submission that runs, without its job.
+#pragma once
+
+#include "base/handles.h"
+#include "base/noncopyable.h"
+
+#include <atomic>
+
+namespace orv {
+
+// Made by whoever speaks for the user, honoured by the submission at its next step or wait. Safe
+// from any thread.
+class EndRequest : private rud_Noncopyable {
+public:
+    EndRequest() : event_(::CreateEventW(nullptr, TRUE, FALSE, nullptr)) {}
+
+    void make() noexcept {
+        made_ = true;
+        ::SetEvent(event_.get());
+    }
+    // Before the next submission starts.
+    void clear() noexcept {
+        made_ = false;
+        ::ResetEvent(event_.get());
+    }
+    bool isMade() const noexcept { return made_; }
+
+    // Signalled from make() to clear(). Null where the system had no event left: then the waits end
+    // by themselves only.
+    HANDLE event() const noexcept { return event_.get(); }
+
+    // Waits that long, or until the request is made.
+    void wait(DWORD milliseconds) const noexcept {
+        if (event_)
+            ::WaitForSingleObject(event_.get(), milliseconds);
+        else
+            ::Sleep(milliseconds);
+    }
+
+private:
+    EventHandle event_;
+    std::atomic<bool> made_{false};
+};
+
+} // namespace orv

@@ -1,0 +1,45 @@
+// The stand-in host as a process of its own, with a submission that runs in it.
+#pragma once
+
+#include "base/handles.h"
+#include "base/noncopyable.h"
+#include "tests/support/wait_until.h"
+
+#include <string>
+
+namespace orv {
+namespace test {
+
+// Failures to start throw std::runtime_error; the process is ended by force at the end of the
+// scope.
+class HostProcess : private rud_Noncopyable {
+public:
+    // `arguments` is the rest of the command line behind plug-ins, scene and log.
+    HostProcess(const std::wstring& scenePath, const std::wstring& logFile,
+                const std::wstring& arguments = std::wstring());
+    ~HostProcess();
+
+    // Opens the dialog, submits without a choice of cameras, and closes the dialog as soon as the
+    // submission runs without it.
+    void submit() const;
+    // Closes the host's window.
+    void close() const;
+    void kill() const;
+
+    // The window of the host that has this control, visible or not; null when there is none.
+    HWND windowWith(int control) const;
+    HWND waitForWindowWith(int control) const;
+
+    // Whether the process ends by the deadline; its exit code.
+    bool ends(DWORD& code, std::chrono::milliseconds deadline = kDeadline) const;
+    bool runs() const;
+
+private:
+    HWND mainWindow() const;
+
+    ProcessHandle process_;
+    DWORD id_ = 0;
+};
+
+} // namespace test
+} // namespace orv
