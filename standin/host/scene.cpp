@@ -73,6 +73,7 @@ bool Scene::save() {
 }
 
 bool Scene::saveTo(const std::wstring& path, bool clearModified, bool makeCurrent) {
+    Sleep(static_cast<DWORD>(description_.saveMilliseconds));
     if (path.empty() || description_.refuseSave) {
         return false;
     }

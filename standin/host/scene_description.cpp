@@ -150,6 +150,8 @@ bool ReadSceneDescription(const std::string& json, SceneDescription& description
     Read(root, "cameras", read.cameras);
 
     Read(root, "refuse_save", read.refuseSave);
+    Read(root, "save_ms", read.saveMilliseconds);
+    read.saveMilliseconds = std::min(std::max(read.saveMilliseconds, 0), kLongestWait);
     Read(root, "told_path", read.toldPath);
     Read(root, "modified", read.modified);
 

@@ -27,6 +27,7 @@ struct SceneDescription {
     std::vector<SceneCamera> cameras;
 
     bool refuseSave = false;
+    int saveMilliseconds = 0; // saving keeps the host busy for so long
     std::wstring toldPath; // what plug-ins are told as the scene's path; empty: the real one
     bool modified = false;
     std::map<std::wstring, ScriptBehaviour> scripts; // by file name, in lower case

@@ -1,9 +1,9 @@
 #include "ui/exit/exit_dialog.h"
 
+#include "config/dialog_controls.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "submit/dialog_input/dialog_controls.h"
 #include "ui/exit/exit_guard.h"
 #include "ui/progress/progress_lines.h"
 #include "ui/workers.h"

@@ -45,7 +45,7 @@ void SubmitAs(std::function<void(HWND)> body) {
 } // namespace test
 
 // Takes the place of the real submission.
-std::int32_t SubmitJob(HWND dialog, std::wstring, std::wstring, std::wstring) {
+std::int32_t SubmitJob(SubmissionChoices, HWND dialog, std::wstring, std::wstring, std::wstring) {
     std::function<void(HWND)> body;
     {
         const std::lock_guard<std::mutex> lock(test::submissionMutex);
