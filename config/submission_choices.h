@@ -26,6 +26,7 @@ struct SubmissionChoices {
     std::map<int, std::wstring> texts;  // edits, whole
     std::map<int, std::int32_t> selections; // drop-down lists: entry from 0, -1 for none
     SceneAnalysis analysis;                 // as it was when Submit was pressed
+    std::wstring openScene; // full path of the scene that was open then, empty when not recorded
 
     // The state of a box as the table above says, 0 for one that the dialog does not have.
     std::uint32_t boxState(int box) const {

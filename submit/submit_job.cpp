@@ -11,6 +11,7 @@
 #include "config/plugin_data.h"
 #include "config/progress_hold.h"
 #include "config/submission_message.h"
+#include "host/host.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -268,6 +269,9 @@ bool Submission::takeSceneName() {
 
 bool Submission::saveScene() {
     data_.stage = SubmissionStage::Saving;
+    // The user may have closed the dialog and opened another scene: that one was not chosen.
+    if (!choices_.openScene.empty() && host::SceneFilePath() != choices_.openScene)
+        return endWith(IDS_SCENE_NOT_SAVED, kSubmitEnded, "another scene was opened meanwhile.");
     const std::string fileName =
         sceneName_.empty() ? std::string() : WideToUtf8(SceneFileNameOf(sceneName_));
     if (!mayReplace(SceneToReplace(analysis_, fileName)))

@@ -214,6 +214,7 @@ SubmissionStart StartSubmission(HWND dialog) noexcept {
                 data.submitState = kWorkerFinished;
                 return;
             }
+            choices->openScene = host::SceneFilePath(); // a first save has named it by now
             StartThreads(arguments);
             GuardExit();
         });

@@ -250,7 +250,8 @@ protected:
     // the keyboard.
     void expectDialogIsBack(int timesEnabled = 1) {
         ASSERT_TRUE(WaitUntil([this] { return ::IsWindowEnabled(dialog_.window()) != FALSE; }));
-        EXPECT_TRUE(hasEnded());
+        // A moment after its last window.
+        ASSERT_TRUE(WaitUntil([this] { return hasEnded(); }));
         EXPECT_EQ(Progress(), nullptr);
         EXPECT_TRUE(WaitUntil([this] {
             return ::GetForegroundWindow() == dialog_.window() && dialog_.focus() == dialog_.edit();
@@ -390,8 +391,7 @@ TEST_F(OverTheDialog, BoxesComeAtOnceOneAfterTheOther) {
         answerTheOnlyBox();
         answerTheOnlyBox();
         // The dialog's thread learns of it a moment after the others can see it.
-        ASSERT_TRUE(WaitUntil([&] { return dialog_.timesEnabled() == time; }));
-        EXPECT_TRUE(hasEnded());
+        ASSERT_TRUE(WaitUntil([&] { return dialog_.timesEnabled() == time && hasEnded(); }));
     }
 }
 

@@ -1,6 +1,7 @@
 // The ways in which a submission ends before the client has the job.
 #include "tests/unit/submit/submission_test.h"
 
+#include "config/dialog_messages.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "tests/support/message_box_watcher.h"
@@ -237,6 +238,23 @@ protected:
     const std::wstring another_ = folder_.file(L"shot.max");
     std::int32_t result_ = 1;
 };
+
+TEST_F(SubmitJobEnd, WhenAnotherSceneWasOpenedMeanwhile) {
+    SubmissionChoices choices;
+    ASSERT_TRUE(TakeChoices(dialog_.handle(), choices));
+    choices.analysis = data_.analysis;
+    choices.openScene = host_.sceneFilePath;
+    host_.sceneFilePath = folder_.file(L"other.max");
+    WriteFileBytes(host_.sceneFilePath, "another scene");
+    MessageBoxWatcher watcher(kTestCaption);
+    EXPECT_EQ(SubmitJob(std::move(choices), dialog_.handle(), kTestCaption, L"", L"0"),
+              kSubmitEnded);
+    ASSERT_EQ(watcher.stop().size(), 1U);
+    EXPECT_EQ(ReadFileBytes(host_.sceneFilePath), "another scene");
+    EXPECT_FALSE(PathExists(folder_.file(L"shot.max"))) << "nothing was saved";
+    EXPECT_NE(log().find("[ERROR] Submission: another scene was opened meanwhile."),
+              std::string::npos);
+}
 
 TEST_F(AnotherScene, StaysWhenTheUserDoesNotReplaceIt) {
     const std::vector<SeenMessageBox> boxes = submitAnswering(IDNO);
