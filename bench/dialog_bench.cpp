@@ -229,7 +229,8 @@ int Run() {
 } // namespace orv
 
 int main(int argc, char** argv) {
-    orv_set_resource_module(::GetModuleHandleW(nullptr)); // the program carries the language resources
+    orv_set_resource_module(
+        ::GetModuleHandleW(nullptr)); // the program carries the language resources
     ::InitCommonControls();
     const orv::WinsockSession network; // of the client that the submission is posted to
     return orv::bench::RunProgram(argc, argv, orv::bench::Run);

@@ -190,7 +190,8 @@ int Run() {
 } // namespace orv
 
 int main(int argc, char** argv) {
-    orv_set_resource_module(::GetModuleHandleW(nullptr)); // the program carries the language resources
+    orv_set_resource_module(
+        ::GetModuleHandleW(nullptr)); // the program carries the language resources
     const orv::WinsockSession network;
     return orv::bench::RunProgram(argc, argv, orv::bench::Run);
 }

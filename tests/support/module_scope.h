@@ -12,7 +12,8 @@ namespace test {
 // Stores a module handle as the library's entry does; the former one comes back at the end.
 class ModuleScope : private rud_Noncopyable {
 public:
-    explicit ModuleScope(HINSTANCE module = ::GetModuleHandleW(nullptr)) : former_(orv_resource_module()) {
+    explicit ModuleScope(HINSTANCE module = ::GetModuleHandleW(nullptr))
+        : former_(orv_resource_module()) {
         orv_set_resource_module(module);
     }
     ~ModuleScope() { orv_set_resource_module(former_); }

@@ -36,19 +36,23 @@ Fault ArchiverReplacedBy(const char* name, const std::string& bytes) {
 
 Fault SceneHeldByAnotherProgram() {
     Fault fault("SceneHeldByAnotherProgram");
-    fault.arrange = [](FaultTable& flow) { flow.held = HoldExclusively(flow.scenePath()); };
+    fault.arrange = [](FaultTable& flow) {
+        flow.held = HoldExclusively(flow.scenePath());
+        Type(flow.dialog_, IDC_SCENE_NAME, L"room v2"); // under its own name it is not saved
+    };
     fault.textId = IDS_SCENE_NOT_SAVED;
     fault.logLine = "[ERROR] Save scene to ";
+    fault.mend = [](FaultTable& flow) { Type(flow.dialog_, IDC_SCENE_NAME, L"room"); };
     return fault;
 }
 
+// Under its own name it is packed as it is.
 Fault SceneThatIsReadOnly() {
     Fault fault("SceneThatIsReadOnly");
     fault.arrange = [](FaultTable& flow) {
         ::SetFileAttributesW(flow.scenePath().c_str(), FILE_ATTRIBUTE_READONLY);
     };
-    fault.textId = IDS_SCENE_NOT_SAVED;
-    fault.logLine = "[ERROR] Save scene to ";
+    fault.logLine = "[INFO] The submission ended with 0.";
     fault.mend = [](FaultTable& flow) {
         ::SetFileAttributesW(flow.scenePath().c_str(), FILE_ATTRIBUTE_NORMAL);
     };
@@ -113,8 +117,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(ArchiverReplacedBy("ArchiverThatIsNoProgram", "this is no program"),
                       ArchiverReplacedBy("ArchiverThatIsEmpty", ""),
                       ArchiverReplacedBy("ArchiverThatIsCutOff", "MZ"), SceneHeldByAnotherProgram(),
-                      SceneThatIsReadOnly(), FileWhereTheOutputFolderBelongs(),
-                      SceneDeletedBeforePacking(), SettingsDeletedWhileTheDialogIsOpen(),
+                      FileWhereTheOutputFolderBelongs(), SceneDeletedBeforePacking(),
+                      SettingsDeletedWhileTheDialogIsOpen(),
                       SettingsWithThePort("PortBeyondAllPorts", "99999"),
                       SettingsWithThePort("PortBelowZero", "-1"),
                       SettingsWithThePort("PortThatIsAWord", "twenty"), SettingsOfGarbage()),
@@ -175,7 +179,8 @@ Fault AddressOfGarbage() {
 INSTANTIATE_TEST_SUITE_P(
     Files, HarmlessFaults,
     ::testing::Values(
-        CleaningScriptMissing(), CleaningScriptOf("CleaningScriptThatFails", "throw \"no\""),
+        SceneThatIsReadOnly(), CleaningScriptMissing(),
+        CleaningScriptOf("CleaningScriptThatFails", "throw \"no\""),
         CleaningScriptOf("CleaningScriptOfGarbage", "\xFF\xFE\x01"),
         CleaningScriptOf("CleaningScriptThatIsEmpty", ""), LogHeldByAnotherProgram(),
         SettingsHeldForWriting(), ClientWith("NoSharedMemory", L"--no-shared-memory", "[INFO] "),

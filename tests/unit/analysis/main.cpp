@@ -4,6 +4,7 @@
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    orv_set_resource_module(::GetModuleHandleW(nullptr)); // the test program carries the language resources
+    orv_set_resource_module(
+        ::GetModuleHandleW(nullptr)); // the test program carries the language resources
     return RUN_ALL_TESTS();
 }

@@ -18,7 +18,8 @@ static void RegisterHostControls() {
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    orv_set_resource_module(::GetModuleHandleW(nullptr)); // the program carries the plug-in's resources
+    orv_set_resource_module(
+        ::GetModuleHandleW(nullptr)); // the program carries the plug-in's resources
     RegisterHostControls();
     return RUN_ALL_TESTS();
 }

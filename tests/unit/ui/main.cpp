@@ -9,7 +9,8 @@
 
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
-    orv_set_resource_module(::GetModuleHandleW(nullptr)); // the program carries the plug-in's resources
+    orv_set_resource_module(
+        ::GetModuleHandleW(nullptr)); // the program carries the plug-in's resources
     ::InitCommonControls();
     // The log stays in the folder that the settings name when its first line is written: here there
     // are none.
