@@ -10,6 +10,7 @@
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/wait_until.h"
 #include "tests/system/flow/import_patch.h"
+#include "tests/unit/support_host/fake_host.h"
 #include "ui/worker_start.h"
 #include "ui/workers.h"
 
@@ -266,6 +267,7 @@ protected:
                               reinterpret_cast<ULONGLONG>(&StartThread)};
     const ImportPatch opens_{::GetModuleHandleW(nullptr), "DialogBoxParamW",
                              reinterpret_cast<ULONGLONG>(&OpenWhenAllowed)};
+    FakeHost host_;
     const DialogOfAHost dialog_;
 };
 

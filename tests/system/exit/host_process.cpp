@@ -62,9 +62,13 @@ HostProcess::HostProcess(const std::wstring& scenePath, const std::wstring& logF
                                arguments;
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
+    startup.dwFlags = STARTF_USESTDHANDLES; // none: its events are in the log
     PROCESS_INFORMATION started{};
-    if (!::CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                          &startup, &started))
+    const auto start = [&] { // a busy Wine refuses a new process now and then
+        return ::CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, FALSE, 0, nullptr,
+                                nullptr, &startup, &started) != FALSE;
+    };
+    if (!WaitUntil(start))
         throw std::runtime_error("the host cannot be started");
     const ThreadHandle thread(started.hThread);
     process_.reset(started.hProcess);
@@ -97,8 +101,12 @@ HWND HostProcess::waitForWindowWith(int control) const {
     return found;
 }
 
-void HostProcess::submit() const {
+void HostProcess::chooseSubmit() const {
     ::PostMessageW(mainWindow(), WM_COMMAND, static_cast<WPARAM>(kSubmitCommand), 0);
+}
+
+void HostProcess::submit() const {
+    chooseSubmit();
     HWND dialog = waitForWindowWith(IDC_CAMERAS);
     if (!WaitUntil([dialog] { return ::IsWindowVisible(dialog) != FALSE; }))
         throw std::runtime_error("the dialog stays away");
@@ -107,8 +115,6 @@ void HostProcess::submit() const {
     ::PostMessageW(question, WM_COMMAND, IDOK, 0);
     if (!WaitUntil([question] { return !::IsWindow(question); }))
         throw std::runtime_error("the question stays");
-    if (!WaitUntil([dialog] { return ::IsWindowEnabled(dialog) != FALSE; }))
-        throw std::runtime_error("the dialog stays disabled");
 }
 
 void HostProcess::close() const {

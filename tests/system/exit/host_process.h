@@ -19,10 +19,11 @@ public:
                 const std::wstring& arguments = std::wstring());
     ~HostProcess();
 
-    // Opens the dialog, submits without a choice of cameras, and closes the dialog as soon as the
-    // submission runs without it.
+    // Opens the dialog and submits without a choice of cameras.
     void submit() const;
-    // Closes the host's window.
+    // Chooses the menu's first entry.
+    void chooseSubmit() const;
+    // Closes the dialog, then the host's window.
     void close() const;
     void kill() const;
 
@@ -34,9 +35,10 @@ public:
     bool ends(DWORD& code, std::chrono::milliseconds deadline = kDeadline) const;
     bool runs() const;
 
-private:
+    DWORD id() const { return id_; }
     HWND mainWindow() const;
 
+private:
     ProcessHandle process_;
     DWORD id_ = 0;
 };

@@ -1,25 +1,19 @@
 #include "tests/system/races/raced_host.h"
 
-#include "analysis/text/text_convert.h"
-#include "base/handles.h"
 #include "resources/controls.h"
-#include "standin/host/menu_bar.h"
 #include "tests/dialogs/plugin_host.h"
 #include "tests/support/files.h"
 #include "tests/support/wait_until.h"
+#include "tests/system/exit/host_process.h"
 #include "tests/system/flow/flow.h"
 #include "tests/system/races/screen.h"
 
 #include <json/json.h>
 
-#include <stdexcept>
-
 namespace orv {
 namespace test {
 namespace {
 
-// The host's own menu comes first: Open, Save, Save As, Exit.
-constexpr int kSubmitEntry = standin::kFirstMenuId + 4;
 constexpr wchar_t kSceneName[] = L"room.max";
 
 Json::Value Scene(int saveMilliseconds) {
@@ -57,37 +51,8 @@ private:
     PluginHost host_;
 };
 
-std::wstring FolderOfThisProgram() {
-    wchar_t path[MAX_PATH] = {};
-    ::GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::wstring whole = path;
-    return whole.substr(0, whole.rfind(L'\\'));
-}
-
-struct MainWindowOf {
-    DWORD process;
-    HWND found;
-};
-
-BOOL CALLBACK TakeWindowWithMenu(HWND window, LPARAM parameter) {
-    auto& search = *reinterpret_cast<MainWindowOf*>(parameter);
-    DWORD process = 0;
-    ::GetWindowThreadProcessId(window, &process);
-    if (process != search.process || ::GetMenu(window) == nullptr || !::IsWindowVisible(window))
-        return TRUE;
-    search.found = window;
-    return FALSE;
-}
-
-class HostProcess : public RacedHost {
+class HostOfItsOwn : public RacedHost {
 public:
-    ~HostProcess() override {
-        if (process_ && !hasEnded())
-            ::TerminateProcess(process_.get(), 1);
-        if (process_)
-            ::WaitForSingleObject(process_.get(), 10000);
-    }
-
     void start(const std::string& settings, std::size_t sceneBytes, int saveMilliseconds) override {
         product_.writeSettings(settings);
         product_.installScripts();
@@ -95,56 +60,28 @@ public:
         const std::wstring scene = scenes_.file(kSceneName);
         WriteFileBytes(scene, NoisyBytes(sceneBytes));
         WriteFileBytes(scene + L".json", Json::FastWriter().write(Scene(saveMilliseconds)));
-        const std::wstring here = FolderOfThisProgram();
-        std::wstring command = L"\"" + here + L"\\standin-host.exe\" --plugin-dir \"" + here +
-                               L"\" --scene \"" + scene + L"\" --log \"" + logFile() + L"\"";
-        STARTUPINFOW startup = {};
-        startup.cb = sizeof(startup);
-        startup.dwFlags = STARTF_USESTDHANDLES; // none: its events are in the log
-        PROCESS_INFORMATION started = {};
-        const auto begin = [&] { // a busy Wine refuses a new process now and then
-            return ::CreateProcessW(nullptr, &command[0], nullptr, nullptr, FALSE, 0, nullptr,
-                                    nullptr, &startup, &started) != FALSE;
-        };
-        if (!WaitUntil(begin))
-            throw std::runtime_error("the stand-in host cannot be started");
-        process_.reset(started.hProcess);
-        const ThreadHandle thread(started.hThread);
-        id_ = started.dwProcessId;
-        if (!WaitUntil([this] { return isStarted() || hasEnded(); }) || hasEnded())
-            throw std::runtime_error("the stand-in host did not start");
-        MainWindowOf search = {id_, nullptr};
-        ::EnumWindows(&TakeWindowWithMenu, reinterpret_cast<LPARAM>(&search));
-        window_ = search.found;
+        host_ = std::make_unique<HostProcess>(scene, scenes_.path() + L"\\..\\host.log");
+        window_ = host_->mainWindow();
     }
 
     HWND openDialog() override {
-        ::PostMessageW(window_, WM_COMMAND, kSubmitEntry, 0);
+        host_->chooseSubmit();
         HWND dialog = nullptr;
-        WaitUntil([&] { return (dialog = FindDialogOf(id_, IDC_CAMERAS)) != nullptr; });
+        WaitUntil([&] { return (dialog = FindDialogOf(process(), IDC_CAMERAS)) != nullptr; });
         return dialog;
     }
-    DWORD process() const override { return id_; }
+    DWORD process() const override { return host_->id(); }
     HWND window() const override { return window_; }
     std::wstring sceneFolder() const override { return scenes_.path(); }
     std::string log(const std::wstring& name) const override {
         return product_.log(name, L"1.3.7");
     }
-    bool hasEnded() const override {
-        return ::WaitForSingleObject(process_.get(), 0) == WAIT_OBJECT_0;
-    }
+    bool hasEnded() const override { return !host_->runs(); }
 
 private:
-    std::wstring logFile() const { return scenes_.path() + L"\\..\\host.log"; }
-    bool isStarted() const {
-        return PathExists(logFile()) &&
-               ReadFileBytes(logFile()).find("\"menu_bar\"") != std::string::npos;
-    }
-
     const TestProductFolder product_;
     const TemporaryFolder scenes_{L"\u573A\u666F folder"};
-    ProcessHandle process_;
-    DWORD id_ = 0;
+    std::unique_ptr<HostProcess> host_;
     HWND window_ = nullptr;
 };
 
@@ -161,7 +98,7 @@ std::unique_ptr<RacedHost> MakeHostInThisProcess() {
 }
 
 std::unique_ptr<RacedHost> MakeHostProcess() {
-    return std::make_unique<HostProcess>();
+    return std::make_unique<HostOfItsOwn>();
 }
 
 } // namespace test

@@ -140,6 +140,7 @@ protected:
 
     PluginData& data_ = PluginData::instance();
     const TestProductFolder folder_;
+    FakeHost host;
     const HWND owner_;
     std::atomic<bool> release_{false};
 };
@@ -172,8 +173,9 @@ TEST_F(Workers, TakeWithThemWhatWasChosenBeforeTheHostSaved) {
     ::SetDlgItemTextW(owner_, IDC_SCENE_NAME, L"chosen");
     ::SetDlgItemTextW(owner_, IDC_AO_RADIUS, L"1234.5");
     data_.analysis.blockMode = 64;
-    FakeHost host;
+    host.sceneFilePath = L"C:\\scenes\\room.max";
     host.onSave = [this] {
+        host.sceneFilePath = L"C:\\scenes\\named by the save.max";
         ::SetDlgItemTextW(owner_, IDC_SCENE_NAME, L"changed");
         data_.analysis.blockMode = 1;
         ::DestroyWindow(owner_);
@@ -186,6 +188,7 @@ TEST_F(Workers, TakeWithThemWhatWasChosenBeforeTheHostSaved) {
     EXPECT_EQ(choices.text(IDC_SCENE_NAME), L"chosen");
     EXPECT_TRUE(choices.isChecked(IDC_SAVE_SCENE_FILE));
     EXPECT_EQ(choices.analysis.blockMode, 64);
+    EXPECT_EQ(choices.openScene, L"C:\\scenes\\named by the save.max");
     EXPECT_EQ(ReadGeneralSetting(L"REMBER_SETTING"), L"1");
     EXPECT_EQ(ReadGeneralSetting(L"EDIT_AO_RADIUS"), L"1234.5");
     release_ = true;
@@ -196,7 +199,6 @@ TEST_F(Workers, TakeWithThemWhatWasChosenBeforeTheHostSaved) {
 TEST_F(Workers, AreNotStartedWhenTheHostRefusesToSave) {
     addControl(L"BUTTON", BS_AUTOCHECKBOX, IDC_SAVE_SCENE_FILE);
     ::CheckDlgButton(owner_, IDC_SAVE_SCENE_FILE, BST_CHECKED);
-    FakeHost host;
     host.onSave = [] { return false; };
     EXPECT_EQ(StartSubmission(owner_), SubmissionStart::SceneNotSaved);
     EXPECT_FALSE(IsSubmissionRunning());
