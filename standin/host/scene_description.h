@@ -28,7 +28,7 @@ struct SceneDescription {
 
     bool refuseSave = false;
     int saveMilliseconds = 0; // saving keeps the host busy for so long
-    std::wstring toldPath; // what plug-ins are told as the scene's path; empty: the real one
+    std::wstring toldPath;    // what plug-ins are told as the scene's path; empty: the real one
     bool modified = false;
     std::map<std::wstring, ScriptBehaviour> scripts; // by file name, in lower case
 };
