@@ -56,14 +56,18 @@ function(orv_host_layout_objects target)
     cmake_path(ABSOLUTE_PATH source BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} NORMALIZE)
     cmake_path(GET source FILENAME name)
     set(object ${CMAKE_CURRENT_BINARY_DIR}/${target}.host-layout/${name}.obj)
-    set(command ${ORV_HOST_LAYOUT_COMPILER} ${flags} -MD -MF ${object}.d -o ${object} -c ${source})
+    # clang names unnamed namespaces after the path that it is given: a relative one, so that the same
+    # sources give the same bytes in any folder.
+    cmake_path(RELATIVE_PATH source BASE_DIRECTORY ${CMAKE_SOURCE_DIR} OUTPUT_VARIABLE relative)
+    set(command ${ORV_HOST_LAYOUT_COMPILER} ${flags} -MD -MT ${object} -MF ${object}.d -o ${object} -c ${relative})
     add_custom_command(OUTPUT ${object} COMMAND ${command} DEPENDS ${source} DEPFILE ${object}.d
+      WORKING_DIRECTORY ${CMAKE_SOURCE_DIR}
       COMMENT "Compiling ${name} for the host's object layout" VERBATIM)
     file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/${target}.host-layout)
     list(APPEND objects ${object})
     list(JOIN command " " line)
     set_property(GLOBAL APPEND_STRING PROPERTY ORV_HOST_LAYOUT_COMMANDS
-      ",\n{\n  \"directory\": \"${CMAKE_BINARY_DIR}\",\n  \"command\": \"${line}\",\n  \"file\": \"${source}\"\n}")
+      ",\n{\n  \"directory\": \"${CMAKE_SOURCE_DIR}\",\n  \"command\": \"${line}\",\n  \"file\": \"${source}\"\n}")
   endforeach()
 
   add_library(${target} INTERFACE)

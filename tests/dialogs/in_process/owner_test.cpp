@@ -247,9 +247,9 @@ protected:
         PressReturn();
         EXPECT_TRUE(WaitUntil([box] { return !::IsWindow(box); }));
     }
-    // The submission has ended: the dialog was enabled so often, the last time at this end, and has
-    // the keyboard.
-    void expectDialogIsBack(int timesEnabled = 1) {
+    // The submission has ended: the dialog was enabled once, at this end, or at most so often, and
+    // has the keyboard.
+    void expectDialogIsBack(int mostTimesEnabled = 1) {
         ASSERT_TRUE(WaitUntil([this] { return ::IsWindowEnabled(dialog_.window()) != FALSE; }));
         // A moment after its last window.
         ASSERT_TRUE(WaitUntil([this] { return hasEnded(); }));
@@ -259,7 +259,8 @@ protected:
         }));
         EXPECT_FALSE(
             WaitUntil([this] { return !::IsWindowEnabled(dialog_.window()); }, kSeveralTicks));
-        EXPECT_EQ(dialog_.timesEnabled(), timesEnabled);
+        EXPECT_GE(dialog_.timesEnabled(), 1);
+        EXPECT_LE(dialog_.timesEnabled(), mostTimesEnabled);
     }
 
     PluginData& data_ = PluginData::instance();
@@ -301,7 +302,7 @@ TEST_F(OverTheDialog, ABoxComesAfterTheProgressWindowEnded) {
     });
     begin();
     answerTheOnlyBox();
-    expectDialogIsBack(2); // also between the two windows
+    expectDialogIsBack(2); // perhaps also between the two windows
 }
 
 TEST_F(OverTheDialog, ABoxComesAfterTheProgressWindowWasClosed) {
@@ -313,7 +314,7 @@ TEST_F(OverTheDialog, ABoxComesAfterTheProgressWindowWasClosed) {
     });
     begin();
     answerTheOnlyBox();
-    expectDialogIsBack(2); // also between the two windows
+    expectDialogIsBack(2); // perhaps also between the two windows
 }
 
 TEST_F(OverTheDialog, TheProgressWindowEndsUnderABox) {
