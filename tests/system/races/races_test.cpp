@@ -405,7 +405,8 @@ Outcome Race::judge(ClientProcess& client, const Chosen& chosen) const {
             host_->log(L"rud_data").find("The submission ended with ") != std::string::npos;
         const bool isTold = !told_.empty() || course_.input == Input::EndSession;
         outcome.verdict = isLogged && isTold ? Verdict::NotSentAndTold : Verdict::Lost;
-        outcome.details = isLogged ? "nothing was told" : "no line in the log";
+        if (outcome.verdict == Verdict::Lost)
+            outcome.details = isLogged ? "nothing was told" : "no line in the log";
     }
     const Settings after = SettingsInFile();
     if (after != OldSettings() && after != chosen.settings) {
