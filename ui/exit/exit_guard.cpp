@@ -18,7 +18,7 @@ namespace orv {
 namespace {
 
 constexpr wchar_t kWindowClass[] = L"OrvSubmissionGuard";
-constexpr UINT kSubmissionEnded = WM_APP;
+constexpr UINT kReleaseGuard = WM_APP;
 constexpr UINT kPollMilliseconds = 50;
 
 // Windows ends a process five seconds after WM_ENDSESSION.
@@ -69,7 +69,7 @@ void RemoveGuard() {
 
 LRESULT CALLBACK GuardProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case kSubmissionEnded:
+    case kReleaseGuard:
         // The next submission may have begun: then the watch is its own.
         if (!IsSubmissionRunning())
             RemoveGuard();
@@ -203,7 +203,7 @@ void GuardExit() noexcept {
 void ReleaseExit() noexcept {
     HWND window = guardWindow;
     if (window != nullptr)
-        ::PostMessageW(window, kSubmissionEnded, 0, 0);
+        ::PostMessageW(window, kReleaseGuard, 0, 0);
 }
 
 void WaitBeforeExit() {

@@ -5,6 +5,7 @@
 #include "resources/controls.h"
 #include "resources/texts.h"
 #include "submit/paths.h"
+#include "tests/dialogs/dialog_user.h"
 #include "tests/support/files.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/wait_until.h"
@@ -262,8 +263,8 @@ private:
 
 void Race::choose() {
     TickRows(dialog_, IDC_CAMERAS, course_.ticks);
-    TypeInto(dialog_, IDC_SCENE_NAME, course_.sceneName);
-    TypeInto(dialog_, IDC_GAMMA, L"2.6");
+    Type(dialog_, IDC_SCENE_NAME, course_.sceneName);
+    Type(dialog_, IDC_GAMMA, L"2.6");
     SetTicked(dialog_, IDC_COLOR_CHANNEL, course_.colorChannel);
     SetTicked(dialog_, IDC_AO_CHANNEL, course_.aoChannel);
     SetTicked(dialog_, IDC_SAVE_SCENE_FILE, course_.savesFirst);

@@ -69,14 +69,6 @@ std::wstring TextOfControl(HWND dialog, int control) {
     return ReadWindowText(Control(dialog, control));
 }
 
-void TypeInto(HWND dialog, int edit, const std::wstring& text) {
-    const HWND window = Control(dialog, edit);
-    ::SendMessageW(window, EM_SETSEL, 0, -1);
-    ::SendMessageW(window, WM_CHAR, L'\b', 1);
-    for (const wchar_t character : text)
-        ::SendMessageW(window, WM_CHAR, character, 1);
-}
-
 std::string TickedRows(HWND dialog, int table) {
     const HWND window = Control(dialog, table);
     const LRESULT count = ::SendMessageW(window, LVM_GETITEMCOUNT, 0, 0);

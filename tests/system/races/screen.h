@@ -25,7 +25,6 @@ bool IsTicked(HWND dialog, int checkBox);
 void SetTicked(HWND dialog, int checkBox, bool ticked); // by clicking where it is not so yet
 
 std::wstring TextOfControl(HWND dialog, int control);
-void TypeInto(HWND dialog, int edit, const std::wstring& text);
 
 // Ticks exactly the rows of the table at the "1"s of `ticks`, by keys.
 void TickRows(HWND dialog, int table, const std::string& ticks);
