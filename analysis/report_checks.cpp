@@ -1,6 +1,7 @@
 // Steps of reading a report that concern the scene as a whole.
 #include "analysis/report_json.h"
 #include "analysis/report_steps.h"
+#include "analysis/text/numbers.h"
 #include "analysis/text/text_convert.h"
 #include "log/module_log.h"
 #include "resources/message_box.h"

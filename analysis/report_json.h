@@ -1,7 +1,6 @@
 // The report as JSON, and the reading of its members.
 #pragma once
 
-#include <cstdint>
 #include <json/value.h>
 #include <string>
 #include <vector>
@@ -42,17 +41,5 @@ std::string TextOf(const Json::Value& value);
 // A string as C sees it: up to its first zero character; empty for everything that is no string.
 // Points into `value`.
 const char* RawText(const Json::Value& value);
-
-// The whole number at the start of a text, as C's atoi reads it: blanks, a sign, digits; 0 when
-// there is none. A number beyond 32 bits is kept at the nearest end. The wide form, like _wtoi,
-// takes the digits of other scripts as well.
-std::int32_t WholeNumber(const std::string& text);
-std::int32_t WholeNumber(const std::wstring& text);
-
-// The decimal number at the start of a text, as C's atof reads it: blanks, a sign, digits with or
-// without a fraction and an exponent; 0 when there is none. Always with "." before the fraction,
-// whatever language the host has set. Infinities, "nan" and hexadecimal digits are no numbers; a
-// number beyond a double's range is kept at the nearest end.
-double DecimalNumber(const std::string& text);
 
 } // namespace orv

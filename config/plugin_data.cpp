@@ -1,11 +1,10 @@
 #include "config/plugin_data.h"
 
+#include "analysis/text/numbers.h"
 #include "analysis/text/text_convert.h"
 #include "base/folders.h"
 #include "base/handles.h"
 #include "config/custom_address.h"
-
-#include <cstdlib>
 
 namespace orv {
 namespace {
@@ -33,12 +32,6 @@ const PathMember kPathMembers[] = {
     {&ClientInfo::virusCheckCrp, L"/script/OrvAntivirusCrp_UTF8.ms"},
 };
 
-// The number that the text begins with, 0 when it begins with none. strtol, because a number that
-// does not fit is its largest or smallest value there and undefined with atoi.
-std::int32_t NumberAtStart(const std::wstring& text) {
-    return static_cast<std::int32_t>(std::strtol(WideToAnsi(text).c_str(), nullptr, 10));
-}
-
 } // namespace
 
 PluginData& PluginData::instance() {
@@ -58,7 +51,7 @@ bool PluginData::loadClientInfo(ClientInfo& info) {
         info.*path.member = productFolder + path.suffix;
 
     info.ip = ReadGeneralSetting(L"ip");
-    info.port = NumberAtStart(ReadGeneralSetting(L"port"));
+    info.port = WholeNumber(WideToAnsi(ReadGeneralSetting(L"port")));
     info.lowerVersion = ReadGeneralSetting(L"lowerversion");
     readCustomAddress(info);
     writeLog(kInfo, "Get client infomation successfully.");

@@ -1,7 +1,7 @@
 #include "submit/submit_job.h"
 
 #include "analysis/corona_gate.h"
-#include "analysis/report_json.h"
+#include "analysis/text/numbers.h"
 #include "analysis/text/text_convert.h"
 #include "analysis/virus_scripts.h"
 #include "analysis/work_folder.h"
@@ -26,7 +26,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <limits>
 #include <memory>
 #include <utility>
 
@@ -45,13 +44,6 @@ constexpr const char* kGiScales[] = {"100%", "50%", "33%", "25%"};
 
 const char* GiScaleText(std::int32_t selection) {
     return kGiScales[selection >= 1 && selection <= 3 ? selection : 0];
-}
-
-// `value` without its fraction, kept within 32 bits.
-std::int32_t Truncated(double value) {
-    using Limits = std::numeric_limits<std::int32_t>;
-    const double kept = std::max<double>(Limits::min(), std::min<double>(value, Limits::max()));
-    return static_cast<std::int32_t>(kept); // the conversion cuts towards zero
 }
 
 // One submission. The steps that can end it return false and have set `result_` by then.
@@ -149,12 +141,11 @@ private:
 
 // What the dialog has no control for keeps the value that the analysis found.
 double Submission::number(int control, double otherwise) const {
-    return choices_.texts.count(control) != 0 ? DecimalNumber(WideToUtf8(choices_.text(control)))
-                                              : otherwise;
+    return choices_.texts.count(control) != 0 ? DecimalNumber(choices_.text(control)) : otherwise;
 }
 
 std::int32_t Submission::wholeNumber(int control, std::int32_t otherwise) const {
-    return Truncated(number(control, otherwise));
+    return Within32Bits(number(control, otherwise));
 }
 
 int Submission::show(unsigned textId, UINT type) {
@@ -211,7 +202,7 @@ void Submission::takeCoronaLimits() {
     analysis_.coronaTimeLimitHours = hours;
     if (choices_.texts.count(IDC_TIME_LIMIT) !=
         0) // the analysis' own seconds have no rounding in them
-        analysis_.coronaTimeLimitSeconds = Truncated(hours * 3600.0);
+        analysis_.coronaTimeLimitSeconds = Within32Bits(hours * 3600.0);
     analysis_.coronaNoiseLimit = noise;
 }
 

@@ -12,13 +12,6 @@ struct DecimalRange {
     double maximum;
 };
 
-// The number that the text begins with, with "." before the fraction whatever the system's language
-// says; 0 when it begins with none.
-double NumberOfText(const std::wstring& text);
-
-// `value` with `fractionDigits` digits behind the ".".
-std::wstring DecimalText(double value, int fractionDigits);
-
 // Lets through digits and one ".", at most `fractionDigits` digits behind it; what is longer is cut
 // off. "0.00" for any other text. An empty text stays empty, so that a user can begin anew.
 std::wstring FilterDecimal(const std::wstring& text, std::size_t fractionDigits);
@@ -29,8 +22,6 @@ std::wstring FilterDecimal(const std::wstring& text, std::size_t fractionDigits)
 std::wstring ClampDecimal(const std::wstring& text, const DecimalRange& range);
 
 // The whole number that the text begins with (0 for none), brought into the range, in decimal.
-std::int32_t ClampedWholeNumber(const std::wstring& text, std::int32_t minimum,
-                                std::int32_t maximum);
 std::wstring ClampWholeNumber(const std::wstring& text, std::int32_t minimum, std::int32_t maximum);
 
 // What an edit shows after a click on the arrows beside it: its number, changed by `steps` times

@@ -1,7 +1,7 @@
 // Conversions of text, and the rules for names and paths.
 #include "analysis/reference_names.h"
-#include "analysis/report_json.h"
 #include "analysis/text/name_rules.h"
+#include "analysis/text/numbers.h"
 #include "analysis/text/text_convert.h"
 #include "submit/paths.h"
 #include "tests/fuzz/mutate.h"

@@ -2,6 +2,7 @@
 
 #include "analysis/report_reader.h"
 #include "analysis/scene_analysis_run.h"
+#include "analysis/text/numbers.h"
 #include "analysis/text/text_convert.h"
 #include "base/product.h"
 #include "config/client_info.h"
@@ -15,7 +16,6 @@
 #include "submit/dialog_input/scene_name_text.h"
 #include "ui/camera_table/scene_name_field.h"
 #include "ui/camera_table/warnings_list.h"
-#include "ui/decimal_field.h"
 #include "ui/main_dialog/block_mode.h"
 #include "ui/main_dialog/camera_editing.h"
 #include "ui/main_dialog/client_version.h"

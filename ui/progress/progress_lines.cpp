@@ -1,9 +1,9 @@
 #include "ui/progress/progress_lines.h"
 
+#include "analysis/text/numbers.h"
 #include "base/windows.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "ui/decimal_field.h"
 
 namespace orv {
 namespace {

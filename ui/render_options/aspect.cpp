@@ -1,26 +1,21 @@
 #include "ui/render_options/aspect.h"
 
+#include "analysis/text/numbers.h"
+
 #include <algorithm>
 #include <cmath>
-#include <cwchar>
 #include <limits>
 
 namespace orv {
 namespace {
 
 std::int32_t WholePixels(double side, std::int32_t from) {
-    constexpr double kMost = std::numeric_limits<std::int32_t>::max();
     // An image that has pixels keeps at least one row and one column.
-    const double least = from > 0 ? 1.0 : -kMost;
-    return static_cast<std::int32_t>(std::lround(std::min(std::max(side, least), kMost)));
+    const double least = from > 0 ? 1.0 : -std::numeric_limits<std::int32_t>::max();
+    return Within32Bits(std::round(std::max(side, least)));
 }
 
 } // namespace
-
-std::int32_t WholeNumberOf(const std::wstring& text) {
-    // A number beyond the range of long, which has 32 bits on Windows, comes out as the bound.
-    return static_cast<std::int32_t>(std::wcstol(text.c_str(), nullptr, 10));
-}
 
 double AspectOf(std::int32_t width, std::int32_t height) {
     if (height == 0)

@@ -2,17 +2,12 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 
 namespace orv {
 
 // The aspects that the dialog can show.
 constexpr double kSmallestAspect = 0.001;
 constexpr double kLargestAspect = 2048.0;
-
-// The whole number at the beginning of `text`, 0 when there is none; blanks before it are passed
-// over. Kept within 32 bits.
-std::int32_t WholeNumberOf(const std::wstring& text);
 
 // The aspect of an image, kept within the limits above; 0 for one of height 0, which has none.
 double AspectOf(std::int32_t width, std::int32_t height);

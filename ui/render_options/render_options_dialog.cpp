@@ -1,6 +1,7 @@
 #include "ui/render_options/render_options_dialog.h"
 
 #include "analysis/text/name_rules.h"
+#include "analysis/text/numbers.h"
 #include "config/dialog_controls.h"
 #include "config/dialog_messages.h"
 #include "log/module_log.h"
@@ -118,7 +119,7 @@ bool RenderOptionsDialog::onMessage(UINT message, WPARAM wParam, LPARAM lParam) 
 }
 
 void RenderOptionsDialog::sizeTyped(int edited) {
-    const std::int32_t value = WholeNumberOf(text(edited));
+    const std::int32_t value = WholeNumber(text(edited));
     const std::wstring clean = std::to_wstring(value);
     if (clean != text(edited))
         setText(edited, clean);
@@ -131,7 +132,7 @@ void RenderOptionsDialog::sizeTyped(int edited) {
         return; // the aspect stays as it is: that of the rounded sides would drift away
     }
     const double aspect =
-        AspectOf(WholeNumberOf(text(IDC_OPTIONS_WIDTH)), WholeNumberOf(text(IDC_OPTIONS_HEIGHT)));
+        AspectOf(WholeNumber(text(IDC_OPTIONS_WIDTH)), WholeNumber(text(IDC_OPTIONS_HEIGHT)));
     if (aspect <= 0.0)
         return; // while the height is being typed
     aspect_ = aspect;
@@ -147,13 +148,13 @@ void RenderOptionsDialog::aspectChanged() {
     if (aspect <= 0.0)
         return;
     aspect_ = aspect;
-    const std::int32_t width = WholeNumberOf(text(IDC_OPTIONS_WIDTH));
+    const std::int32_t width = WholeNumber(text(IDC_OPTIONS_WIDTH));
     setText(IDC_OPTIONS_HEIGHT, std::to_wstring(HeightFor(width, aspect)));
 }
 
 void RenderOptionsDialog::aspectLocked() {
     const double aspect =
-        AspectOf(WholeNumberOf(text(IDC_OPTIONS_WIDTH)), WholeNumberOf(text(IDC_OPTIONS_HEIGHT)));
+        AspectOf(WholeNumber(text(IDC_OPTIONS_WIDTH)), WholeNumber(text(IDC_OPTIONS_HEIGHT)));
     if (aspect > 0.0)
         aspect_ = aspect;
 }
@@ -201,14 +202,14 @@ CameraEdits RenderOptionsDialog::edits() {
     checkBlanks();
     CameraEdits edits;
     edits.setsSize = isEnabled(IDC_OPTIONS_WIDTH);
-    edits.width = WholeNumberOf(text(IDC_OPTIONS_WIDTH));
-    edits.height = WholeNumberOf(text(IDC_OPTIONS_HEIGHT));
+    edits.width = WholeNumber(text(IDC_OPTIONS_WIDTH));
+    edits.height = WholeNumber(text(IDC_OPTIONS_HEIGHT));
     edits.setsFormat = isEnabled(IDC_OPTIONS_FORMAT);
     edits.format = text(IDC_OPTIONS_FORMAT);
     edits.setsName = isEnabled(IDC_OPTIONS_NAME);
     edits.name = text(IDC_OPTIONS_NAME);
     edits.setsFrame = isEnabled(IDC_OPTIONS_FRAME);
-    edits.frame = WholeNumberOf(text(IDC_OPTIONS_FRAME));
+    edits.frame = WholeNumber(text(IDC_OPTIONS_FRAME));
     edits.setsView = isEnabled(IDC_OPTIONS_VIEW);
     edits.isSpherical =
         ::SendMessageW(control(IDC_OPTIONS_VIEW), CB_GETCURSEL, 0, 0) == kSphericalEntry;

@@ -1,5 +1,6 @@
 // Reading a report: the scene as a whole.
 #include "analysis/report_json.h"
+#include "analysis/text/numbers.h"
 #include "analysis/text/text_convert.h"
 #include "tests/unit/analysis/report_reader_fixture.h"
 

@@ -19,32 +19,6 @@ namespace {
 constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
 constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
 
-TEST(WholeNumberOf, ReadsTheNumberAtTheBeginning) {
-    const struct {
-        const wchar_t* text;
-        std::int32_t number;
-    } cases[] = {
-        {L"", 0},
-        {L"0", 0},
-        {L"1920", 1920},
-        {L"007", 7},
-        {L"  12", 12},
-        {L"-5", -5},
-        {L"+5", 5},
-        {L"12.9", 12},
-        {L"12px", 12},
-        {L"px", 0},
-        {L"1 2", 1},
-        {L"-", 0},
-
-        {L"2147483647", kMost},
-        {L"99999999999999999999", kMost},
-        {L"-99999999999999999999", kLeast},
-    };
-    for (const auto& one : cases)
-        EXPECT_EQ(WholeNumberOf(one.text), one.number) << one.number;
-}
-
 TEST(AspectOf, IsWidthByHeightWithinTheSpinnersLimits) {
     const struct {
         std::int32_t width;
