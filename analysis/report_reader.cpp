@@ -4,12 +4,14 @@
 #include "analysis/report_steps.h"
 #include "analysis/text/text_convert.h"
 #include "config/plugin_data.h"
+#include "log/module_log.h"
 
 #include <exception>
 #include <new>
 #include <utility>
 
 namespace orv {
+
 namespace {
 
 void Log(const std::string& level, const std::string& message) {
@@ -118,6 +120,34 @@ int ReadAnalysisReport(SceneAnalysis& analysis) {
     } catch (const std::exception& error) { // a type that was not foreseen
         return Refuse(analysis, error.what());
     }
+}
+
+namespace {
+
+// A slash anywhere wins over every backslash: the parser writes slashes, and a backslash is then
+// part of a name.
+std::size_t LastSeparator(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    return slash != std::string::npos ? slash : path.rfind('\\');
+}
+
+} // namespace
+
+std::string InitSceneName(SceneAnalysis& analysis) {
+    Json::Value report;
+    if (!ParseReport(analysis.reportText, report)) {
+        AddMessage(analysis, kWarn, "Parse failed in initing scene name!");
+        return {};
+    }
+    const std::string path = TextOf(MemberOf(report, "name"));
+    const std::size_t separator = LastSeparator(path);
+    if (separator == std::string::npos) {
+        AddMessage(analysis, kWarn, "The scene name is empty!");
+        return {};
+    }
+    analysis.sceneFileName = path.substr(separator + 1);
+    analysis.sceneFilePath = path;
+    return analysis.sceneFileName;
 }
 
 } // namespace orv

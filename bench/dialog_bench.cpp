@@ -5,7 +5,7 @@
 #include "bench/figures.h"
 #include "bench/program.h"
 #include "bench/scene_bytes.h"
-#include "client/winsock_session.h"
+#include "client/client_link.h"
 #include "config/plugin_data.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"

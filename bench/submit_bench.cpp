@@ -6,7 +6,7 @@
 #include "bench/program.h"
 #include "bench/report_text.h"
 #include "bench/scene_bytes.h"
-#include "client/winsock_session.h"
+#include "client/client_link.h"
 #include "config/plugin_data.h"
 #include "resources/controls.h"
 #include "resources/text.h"

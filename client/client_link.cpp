@@ -1,13 +1,133 @@
 #include "client/client_link.h"
 
-#include "client/tcp_exchange.h"
+#include "analysis/text/text_convert.h"
+#include "base/windows.h"
 #include "config/plugin_data.h"
-#include "config/submission_message.h"
+#include "config/submission_windows.h"
 #include "log/module_log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 
+#include <algorithm>
+#include <limits>
+#include <memory>
+
 namespace orv {
+
+namespace {
+
+bool Start() {
+    WSADATA data{};
+    if (::WSAStartup(MAKEWORD(2, 2), &data) != 0)
+        return false;
+    if (data.wVersion == MAKEWORD(2, 2))
+        return true;
+    ::WSACleanup(); // an older version was started in its place
+    return false;
+}
+
+} // namespace
+
+WinsockSession::WinsockSession() : started_(Start()) {}
+
+WinsockSession::~WinsockSession() {
+    if (started_)
+        ::WSACleanup();
+}
+
+namespace {
+
+// The client's whole reply, status line and headers included. It answers in a few hundred bytes.
+constexpr int kReplySize = 2048;
+
+// Connecting and receiving have always been logged in the same words.
+constexpr char kConnectError[] = "connect error, Error Code is: ";
+
+ExchangeFailure FailureOf(const std::string& logText, DWORD code) {
+    ExchangeFailure failure;
+    failure.logText = logText + std::to_string(code);
+    failure.code = code;
+    return failure;
+}
+
+// Waits until the socket has something to read, its end included, or `endEvent` is signalled, for
+// which it answers false. Where the system has no event left, it waits for the socket alone. From
+// here on the socket does not block.
+bool WaitForReply(SOCKET socket, HANDLE endEvent) {
+    const EventHandle readable(::CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    if (!readable || ::WSAEventSelect(socket, readable.get(), FD_READ | FD_CLOSE) != 0)
+        return true;
+    const HANDLE either[] = {readable.get(), endEvent};
+    return ::WaitForMultipleObjects(2, either, FALSE, INFINITE) != WAIT_OBJECT_0 + 1;
+}
+
+} // namespace
+
+bool OpenSocket(SocketHandle& socket, ExchangeFailure& failure) {
+    socket.reset(::socket(AF_INET, SOCK_STREAM, 0));
+    const DWORD code = ::GetLastError();
+    if (socket)
+        return true;
+    failure = FailureOf("Create socket error, Error Code is: ", code);
+    return false;
+}
+
+bool Connect(SOCKET socket, const ClientLink& link, ExchangeFailure& failure) {
+    // Cut to sixteen bits, such a number would name the port of some other program.
+    if (link.port < 1 || link.port > (std::numeric_limits<std::uint16_t>::max)()) {
+        failure = FailureOf(kConnectError, WSAEADDRNOTAVAIL);
+        return false;
+    }
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = ::inet_addr(WideToUtf8(link.host).c_str());
+    address.sin_port = ::htons(static_cast<u_short>(link.port));
+    const int result =
+        ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address));
+    const DWORD code = ::GetLastError();
+    if (result == 0)
+        return true;
+    failure = FailureOf(kConnectError, code);
+    return false;
+}
+
+bool SendAll(SOCKET socket, const std::string& bytes, ExchangeFailure& failure) {
+    constexpr std::size_t kLargestStep = (std::numeric_limits<int>::max)();
+    std::size_t sent = 0;
+    while (sent < bytes.size()) {
+        const std::size_t step = (std::min)(bytes.size() - sent, kLargestStep);
+        ::SetLastError(0); // so that the code of a step that sends nothing is not an older one
+        const int result = ::send(socket, bytes.data() + sent, static_cast<int>(step), 0);
+        const DWORD code = ::GetLastError();
+        if (result <= 0) {
+            failure = FailureOf("send error send_size:" + std::to_string(sent) + " total_size:" +
+                                    std::to_string(bytes.size()) + ", Error Code is: ",
+                                code);
+            return false;
+        }
+        sent += static_cast<std::size_t>(result);
+    }
+    return true;
+}
+
+// One read and no more: the client sends its reply in one piece, and nothing in it is relied upon
+// to tell where it ends.
+bool ReceiveOnce(SOCKET socket, std::string& reply, ExchangeFailure& failure, HANDLE endEvent) {
+    if (endEvent != nullptr && !WaitForReply(socket, endEvent)) {
+        failure = FailureOf("receive ended by request, Error Code is: ", 0);
+        return false;
+    }
+    const std::unique_ptr<char[]> buffer(new char[kReplySize]);
+    ::SetLastError(0); // a connection that was closed in order sets no code of its own
+    const int received = ::recv(socket, buffer.get(), kReplySize, 0);
+    const DWORD code = ::GetLastError();
+    if (received <= 0) {
+        failure = FailureOf(kConnectError, code);
+        return false;
+    }
+    reply.assign(buffer.get(), static_cast<std::size_t>(received));
+    return true;
+}
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "client/reply_code.h"
 
 #include "analysis/text/text_convert.h"
-#include "config/submission_message.h"
+#include "config/submission_windows.h"
 #include "log/module_log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"

@@ -4,9 +4,19 @@
 #include "analysis/text/text_convert.h"
 #include "base/folders.h"
 #include "base/handles.h"
-#include "config/custom_address.h"
+#include "config/client_info.h"
 
 namespace orv {
+
+OrvRenderingConfigMgr::OrvRenderingConfigMgr() = default;
+
+OrvRenderingConfigMgr::~OrvRenderingConfigMgr() = default;
+
+OrvRenderingConfigMgr& OrvRenderingConfigMgr::instance() {
+    static OrvRenderingConfigMgr manager;
+    return manager;
+}
+
 namespace {
 
 constexpr char kLogName[] = "rud_data";

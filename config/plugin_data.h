@@ -3,9 +3,9 @@
 
 #include "base/noncopyable.h"
 #include "config/client_info.h"
-#include "config/end_request.h"
-#include "config/remembered_controls.h"
+#include "config/remembered_settings.h"
 #include "config/scene_analysis.h"
+#include "config/submission_state.h"
 #include "log/module_log.h"
 
 #include <atomic>
@@ -18,31 +18,23 @@
 
 namespace orv {
 
-// States of a background worker. Shared by the dialog and the workers.
-constexpr std::int32_t kWorkerNone = -1;
-constexpr std::int32_t kWorkerRunning = 0;
-constexpr std::int32_t kWorkerFinished = 11;
+// Has no data: the dialog finds everything in PluginData. The dialog's initialisation parameter is
+// the address of the one instance.
+class OrvRenderingConfigMgr : private rud_Noncopyable {
+public:
+    // The instance, built on first use.
+    static OrvRenderingConfigMgr& instance();
+
+    virtual ~OrvRenderingConfigMgr();
+
+private:
+    OrvRenderingConfigMgr();
+};
 
 // A control of the render options dialog that shows one of two images.
 struct ImageSlot {
     int control; // its id
     bool on;
-};
-
-// What a submission is at, for the user to see.
-enum class SubmissionStage : std::int32_t {
-    Checking,
-    Saving,
-    Cleaning,
-    Packing,
-    Describing,
-    Sending,
-};
-
-// What a submission packs: full paths.
-struct PackedFiles {
-    std::wstring scene;
-    std::wstring archive;
 };
 
 class PluginData : private rud_Noncopyable {
@@ -74,7 +66,8 @@ public:
     std::atomic<std::int32_t> progressState{kWorkerNone};
     std::atomic<bool> done{false}; // ends the progress dialog
     std::atomic<bool> hide{false}; // hides the progress dialog while a message box is open
-    std::atomic<bool> progressOnScreen{false}; // it is, or is about to be (config/progress_hold.h)
+    std::atomic<bool> progressOnScreen{
+        false}; // it is, or is about to be (config/submission_windows.h)
     std::atomic<bool> confirmationRequired{false};
     std::atomic<SubmissionStage> stage{SubmissionStage::Checking};
     std::atomic<std::uint64_t> submitStarted{0}; // GetTickCount64

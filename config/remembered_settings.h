@@ -2,7 +2,6 @@
 #pragma once
 
 #include "base/windows.h"
-#include "config/remembered_controls.h"
 #include "config/submission_choices.h"
 
 #include <cstdint>
@@ -10,6 +9,31 @@
 #include <vector>
 
 namespace orv {
+
+enum class RememberedKind { CheckBox, DropDownList, EditField, RadioButton };
+
+struct RememberedControl {
+    int id;             // the control's number in the main dialog
+    const wchar_t* key; // its key in section "general" of the settings file
+    RememberedKind kind;
+    const wchar_t* defaultValue; // what is written when settings are not to be remembered
+};
+
+// All remembered controls: check boxes, drop-down lists, edit fields, radio buttons, which is also
+// the order in which they are saved.
+const std::vector<RememberedControl>& RememberedControls();
+
+// Control numbers of each kind, in the order of RememberedControls().
+struct RememberedControlLists {
+    std::vector<int> checkBoxes;
+    std::vector<int> dropDownLists;
+    std::vector<int> editFields;
+    std::vector<int> radioButtons;
+};
+RememberedControlLists MakeRememberedControlLists();
+
+// The settings key of a control; empty for a control that is not remembered.
+std::wstring settingKeyName(int id);
 
 // Writes the state of the remembered controls to the settings file: as they are when "remember" is
 // ticked, else the default of each. A file that cannot be written loses the settings; nothing

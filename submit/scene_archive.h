@@ -1,8 +1,8 @@
-// Packing the saved scene with 7-Zip.
+// Packing the saved scene with 7-Zip: the archive's name and password, and the run of the archiver.
 #pragma once
 
 #include "config/client_info.h"
-#include "submit/session_data.h"
+#include "config/session_data.h"
 
 #include <string>
 
@@ -20,5 +20,23 @@ bool PackScene(const std::string& scenePath, JobPaths& paths, const SessionData&
 // an exit code other than 0 leaves a line in "rud_data". What an unfinished 7-Zip had written of
 // the archive is deleted. The log never has the arguments, because the password is among them.
 void RunArchiver(const JobPaths& paths);
+
+// What names and locks an archive.
+
+// MD5 (RFC 1321) of `bytes` as 32 lower-case hexadecimal characters. Made by the system's own
+// cryptography; empty, with a line in "rud_data", when the system refuses.
+std::string Md5Hex(const std::string& bytes);
+
+// Six letters and digits that tell archives of one scene apart. Two calls within one second return
+// the same text. Reseeds the C library's generator of this thread.
+std::string RandomText();
+
+// The text for a seed.
+std::string RandomTextFromSeed(unsigned seed);
+
+// The password of an archive with base name `baseName` (UTF-8): 24 lower-case hexadecimal
+// characters, by the rule in docs/archive.md, which the client follows too. Empty when no digest
+// could be made. Not to be logged, shown or kept.
+std::string ArchivePassword(const std::string& baseName);
 
 } // namespace orv

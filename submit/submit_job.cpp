@@ -1,28 +1,24 @@
 #include "submit/submit_job.h"
 
-#include "analysis/corona_gate.h"
+#include "analysis/submission_checks.h"
 #include "analysis/text/numbers.h"
 #include "analysis/text/text_convert.h"
-#include "analysis/virus_scripts.h"
 #include "analysis/work_folder.h"
 #include "client/client_link.h"
 #include "client/guid_text.h"
-#include "config/dialog_messages.h"
+#include "config/dialog_choices.h"
 #include "config/plugin_data.h"
-#include "config/progress_hold.h"
-#include "config/submission_message.h"
+#include "config/submission_windows.h"
 #include "host/host.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "submit/dialog_input/camera_validation.h"
+#include "submit/camera_validation.h"
 #include "submit/dialog_input/scene_name_text.h"
 #include "submit/job_description.h"
 #include "submit/paths.h"
 #include "submit/scene_archive.h"
-#include "submit/scene_backup.h"
-#include "submit/scene_save.h"
-#include "submit/unexpected_end.h"
+#include "submit/scene_file.h"
 
 #include <algorithm>
 #include <exception>
@@ -30,6 +26,7 @@
 #include <utility>
 
 namespace orv {
+
 namespace {
 
 constexpr wchar_t kClientAddress[] = L"127.0.0.1";
@@ -400,7 +397,7 @@ std::int32_t RunSubmission(SubmissionChoices choices, HWND dialog, const std::ws
         // Nothing is known of it.
     }
     PluginData::instance().writeLog(kError, "Submission: unexpected error: " + what);
-    TellUnexpectedEnd(dialog, caption, languageMarker);
+    ShowUnexpectedEnd(dialog, caption, languageMarker);
     return kSubmitFailed;
 }
 

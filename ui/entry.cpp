@@ -1,6 +1,5 @@
 #include "ui/entry.h"
 
-#include "config/config_mgr.h"
 #include "config/plugin_data.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"

@@ -1,11 +1,10 @@
 #include "ui/workers.h"
 
 #include "base/handles.h"
-#include "client/winsock_session.h"
-#include "config/dialog_messages.h"
-#include "config/held_dialog.h"
+#include "client/client_link.h"
+#include "config/dialog_choices.h"
+#include "config/submission_windows.h"
 #include "config/plugin_data.h"
-#include "config/progress_hold.h"
 #include "config/remembered_settings.h"
 #include "host/host.h"
 #include "resources/controls.h"
@@ -13,7 +12,6 @@
 #include "resources/text.h"
 #include "resources/texts.h"
 #include "submit/submit_job.h"
-#include "submit/unexpected_end.h"
 #include "ui/exit/exit_guard.h"
 #include "ui/progress/progress_dialog.h"
 #include "ui/worker_start.h"
@@ -108,7 +106,7 @@ void RunSubmitWorker(const WorkerArguments& arguments) noexcept {
                   arguments.checkCaption, arguments.languageMarker);
     });
     if (!isDone)
-        TellUnexpectedEnd(arguments.dialog, arguments.caption, arguments.languageMarker);
+        ShowUnexpectedEnd(arguments.dialog, arguments.caption, arguments.languageMarker);
     PluginData& data = PluginData::instance();
     if (IsWorkerRunning(data.progressState))
         data.done = true;

@@ -1,7 +1,7 @@
 #include "ui/camera_table/camera_table.h"
 
 #include "base/dc.h"
-#include "config/dialog_controls.h"
+#include "config/dialog_choices.h"
 #include "log/module_log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"

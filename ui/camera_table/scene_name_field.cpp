@@ -1,7 +1,7 @@
 #include "ui/camera_table/scene_name_field.h"
 
 #include "analysis/text/text_convert.h"
-#include "config/dialog_controls.h"
+#include "config/dialog_choices.h"
 #include "log/module_log.h"
 #include "submit/dialog_input/dialog_log.h"
 #include "submit/dialog_input/scene_name_text.h"

@@ -1,6 +1,6 @@
 #include "ui/exit/exit_dialog.h"
 
-#include "config/dialog_controls.h"
+#include "config/dialog_choices.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"

@@ -1,7 +1,7 @@
 #include "ui/exit/exit_guard.h"
 
 #include "config/plugin_data.h"
-#include "config/progress_hold.h"
+#include "config/submission_windows.h"
 #include "host/host.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"

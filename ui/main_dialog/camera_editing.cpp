@@ -1,6 +1,6 @@
 #include "ui/main_dialog/camera_editing.h"
 
-#include "config/dialog_controls.h"
+#include "config/dialog_choices.h"
 #include "resources/controls.h"
 #include "ui/render_options/render_options.h"
 

@@ -1,6 +1,6 @@
 #include "ui/main_dialog/main_controls.h"
 
-#include "config/dialog_controls.h"
+#include "config/dialog_choices.h"
 #include "resources/controls.h"
 #include "ui/main_dialog/block_mode.h"
 

@@ -1,7 +1,7 @@
 // The dialog through which the user submits the open scene.
 #pragma once
 
-#include "client/winsock_session.h"
+#include "client/client_link.h"
 #include "config/plugin_data.h"
 #include "config/remembered_settings.h"
 #include "host/host.h"

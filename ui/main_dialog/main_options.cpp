@@ -1,6 +1,6 @@
 // The options of the main dialog: what they start with, what is restored, what a change leads to.
 #include "analysis/text/numbers.h"
-#include "config/dialog_controls.h"
+#include "config/dialog_choices.h"
 #include "config/remembered_settings.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"

@@ -1,7 +1,7 @@
 #include "ui/progress/progress_dialog.h"
 
-#include "config/dialog_controls.h"
-#include "config/progress_hold.h"
+#include "config/dialog_choices.h"
+#include "config/submission_windows.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"

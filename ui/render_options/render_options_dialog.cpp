@@ -2,8 +2,7 @@
 
 #include "analysis/text/name_rules.h"
 #include "analysis/text/numbers.h"
-#include "config/dialog_controls.h"
-#include "config/dialog_messages.h"
+#include "config/dialog_choices.h"
 #include "log/module_log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"

@@ -1,9 +1,7 @@
 // The progress window and the message boxes of a submission over one dialog: whatever their order,
 // nobody can use the dialog until the submission has ended, and then it has the keyboard.
-#include "config/held_dialog.h"
+#include "config/submission_windows.h"
 #include "config/plugin_data.h"
-#include "config/progress_hold.h"
-#include "config/submission_message.h"
 #include "resources/controls.h"
 #include "submit/submit_job.h"
 #include "tests/dialogs/dialog_user.h"

@@ -1,5 +1,5 @@
 // The dialog and the camera records that it shares with the submission.
-#include "config/dialog_messages.h"
+#include "config/dialog_choices.h"
 #include "config/plugin_data.h"
 #include "resources/controls.h"
 #include "tests/dialogs/dialog_user.h"

@@ -1,6 +1,6 @@
 // The dialog and the workers of its submission: their states, and what happens while they run.
 #include "base/folders.h"
-#include "config/dialog_messages.h"
+#include "config/dialog_choices.h"
 #include "config/plugin_data.h"
 #include "resources/controls.h"
 #include "tests/dialogs/dialog_user.h"

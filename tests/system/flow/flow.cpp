@@ -4,7 +4,7 @@
 #include "resources/controls.h"
 #include "resources/texts.h"
 #include "standin/host/scene.h"
-#include "submit/archive_password.h"
+#include "submit/scene_archive.h"
 #include "submit/paths.h"
 #include "tests/support/log_lines.h"
 #include "tests/support/message_box_watcher.h"

@@ -2,7 +2,7 @@
 #include "analysis/text/text_convert.h"
 #include "resources/controls.h"
 #include "resources/texts.h"
-#include "submit/archive_password.h"
+#include "submit/scene_archive.h"
 #include "submit/paths.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/system/flow/flow.h"

@@ -1,7 +1,7 @@
 // What a whole submission gives away, and to whom.
 #include "analysis/text/text_convert.h"
 #include "resources/texts.h"
-#include "submit/archive_password.h"
+#include "submit/scene_archive.h"
 #include "tests/system/flow/flow.h"
 
 namespace orv {

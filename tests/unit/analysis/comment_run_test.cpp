@@ -1,4 +1,4 @@
-#include "analysis/comment_run.h"
+#include "analysis/report_json.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "analysis/corona_gate.h"
+#include "analysis/submission_checks.h"
 
 #include "config/plugin_data.h"
 #include "resources/message_box.h"

@@ -1,6 +1,7 @@
 #include "tests/unit/analysis/sample_report.h"
 
 #include "analysis/text/text_convert.h"
+#include "tests/system/abi/program_folder.h"
 
 #include <fstream>
 #include <json/reader.h>
@@ -18,9 +19,10 @@ std::string OneLine(const Json::Value& value) {
     return Json::writeString(builder, value);
 }
 
-// Begun anew by each run of the test program.
+// Begun anew by each run of the test program, and beside it, wherever it is run from.
 void Record(const Json::Value& report, bool isRefused) {
-    static std::ofstream file("analysis-reports.jsonl", std::ios::binary);
+    static std::ofstream file(WideToUtf8(ProgramFolder()) + "/analysis-reports.jsonl",
+                              std::ios::binary);
     Json::Value line;
     line["refused"] = isRefused;
     line["report"] = report;

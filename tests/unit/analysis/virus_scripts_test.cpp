@@ -1,4 +1,4 @@
-#include "analysis/virus_scripts.h"
+#include "analysis/submission_checks.h"
 
 #include "tests/support/product_folder.h"
 #include "tests/unit/support_host/fake_host.h"

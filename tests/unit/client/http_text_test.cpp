@@ -1,4 +1,4 @@
-#include "client/http_text.h"
+#include "client/wire_text.h"
 
 #include <gtest/gtest.h>
 

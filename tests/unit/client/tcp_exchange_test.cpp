@@ -1,5 +1,4 @@
-#include "client/tcp_exchange.h"
-#include "client/winsock_session.h"
+#include "client/client_link.h"
 #include "tests/support/loopback.h"
 
 #include <gtest/gtest.h>

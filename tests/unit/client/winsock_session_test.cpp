@@ -1,6 +1,5 @@
 #include "base/handles.h"
 #include "client/client_link.h"
-#include "client/winsock_session.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "tests/support/log_lines.h"

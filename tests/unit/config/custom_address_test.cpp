@@ -1,4 +1,4 @@
-#include "config/custom_address.h"
+#include "config/client_info.h"
 
 #include "base/handles.h"
 #include "tests/support/files.h"

@@ -1,6 +1,5 @@
 #include "config/plugin_data.h"
 
-#include "config/config_mgr.h"
 #include "tests/support/files.h"
 #include "tests/unit/config/plugin_data_fixture.h"
 

@@ -1,4 +1,4 @@
-#include "config/progress_hold.h"
+#include "config/submission_windows.h"
 
 #include "tests/support/wait_until.h"
 #include "tests/unit/config/plugin_data_fixture.h"

@@ -1,4 +1,4 @@
-#include "config/remembered_controls.h"
+#include "config/remembered_settings.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 #include "base/folders.h"
 #include "base/handles.h"
-#include "config/dialog_messages.h"
+#include "config/dialog_choices.h"
 #include "resources/controls.h"
 #include "tests/support/files.h"
 #include "tests/support/product_folder.h"

@@ -1,4 +1,4 @@
-#include "config/submission_message.h"
+#include "config/submission_windows.h"
 
 #include "config/plugin_data.h"
 #include "tests/support/message_box_watcher.h"

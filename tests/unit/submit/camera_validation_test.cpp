@@ -1,4 +1,4 @@
-#include "submit/dialog_input/camera_validation.h"
+#include "submit/camera_validation.h"
 
 #include "resources/controls.h"
 #include "tests/support/product_folder.h"

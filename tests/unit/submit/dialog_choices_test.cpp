@@ -1,6 +1,5 @@
 // The record of what was chosen, as the dialog's thread reads it and as another one gets it.
-#include "config/dialog_controls.h"
-#include "config/dialog_messages.h"
+#include "config/dialog_choices.h"
 #include "resources/controls.h"
 #include "tests/unit/submit/test_dialog.h"
 

@@ -1,7 +1,5 @@
 // Digests, passwords and random texts.
-#include "submit/archive_password.h"
-#include "submit/md5.h"
-#include "submit/random_text.h"
+#include "submit/scene_archive.h"
 
 #include <gtest/gtest.h>
 

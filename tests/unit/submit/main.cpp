@@ -1,4 +1,4 @@
-#include "client/winsock_session.h"
+#include "client/client_link.h"
 #include "resources/text.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,6 @@
 
 #include "analysis/text/text_convert.h"
 #include "base/folders.h"
-#include "submit/archive_password.h"
 #include "submit/paths.h"
 #include "tests/support/files.h"
 #include "tests/support/product_folder.h"

@@ -1,4 +1,4 @@
-#include "submit/scene_backup.h"
+#include "submit/scene_file.h"
 
 #include "analysis/text/text_convert.h"
 #include "tests/support/files.h"

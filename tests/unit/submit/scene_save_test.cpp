@@ -1,4 +1,4 @@
-#include "submit/scene_save.h"
+#include "submit/scene_file.h"
 
 #include "resources/controls.h"
 #include "tests/support/files.h"

@@ -1,4 +1,4 @@
-#include "submit/session_data.h"
+#include "config/session_data.h"
 
 #include "base/handles.h"
 #include "tests/support/product_folder.h"

@@ -1,7 +1,7 @@
 // The ways in which a submission ends before the client has the job.
 #include "tests/unit/submit/submission_test.h"
 
-#include "config/dialog_messages.h"
+#include "config/dialog_choices.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "tests/support/message_box_watcher.h"

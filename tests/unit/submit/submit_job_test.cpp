@@ -2,8 +2,8 @@
 #include "tests/unit/submit/submission_test.h"
 
 #include "analysis/text/text_convert.h"
-#include "config/dialog_messages.h"
-#include "submit/archive_password.h"
+#include "config/dialog_choices.h"
+#include "submit/scene_archive.h"
 #include "submit/paths.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/unit/submit/reply_server.h"

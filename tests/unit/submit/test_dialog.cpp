@@ -1,6 +1,6 @@
 #include "tests/unit/submit/test_dialog.h"
 
-#include "config/dialog_messages.h"
+#include "config/dialog_choices.h"
 #include "resources/controls.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/wait_until.h"

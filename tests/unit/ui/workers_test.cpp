@@ -2,7 +2,7 @@
 #include "ui/workers.h"
 
 #include "base/folders.h"
-#include "config/dialog_messages.h"
+#include "config/dialog_choices.h"
 #include "config/plugin_data.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"

@@ -1,4 +1,4 @@
-#include "submit/session_data.h"
+#include "config/session_data.h"
 
 #include "analysis/text/text_convert.h"
 #include "base/handles.h"

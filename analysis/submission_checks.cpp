@@ -1,13 +1,14 @@
-#include "analysis/corona_gate.h"
+#include "analysis/submission_checks.h"
 
 #include "config/plugin_data.h"
-#include "config/progress_hold.h"
-#include "config/submission_message.h"
+#include "config/submission_windows.h"
+#include "host/host.h"
 #include "resources/texts.h"
 
 #include <cmath>
 
 namespace orv {
+
 namespace {
 
 bool HasCheckedState(const SceneAnalysis& analysis) {
@@ -35,6 +36,33 @@ int CheckCoronaLimits(const SceneAnalysis& analysis, HWND ownerWindow) {
 
 int CheckCoronaLimits(HWND ownerWindow) {
     return CheckCoronaLimits(PluginData::instance().analysis, ownerWindow);
+}
+
+namespace {
+
+struct CleaningScript {
+    std::wstring ClientInfo::*path;
+    const char* logLine;
+};
+
+const CleaningScript kScripts[] = {
+    {&ClientInfo::virusCheckAdsl, "Check ADSL virus for scene"},
+    {&ClientInfo::virusCheckAlc, "Check ALC virus for scene"},
+    {&ClientInfo::virusCheckCrp, "Check CRP virus for scene"},
+};
+
+} // namespace
+
+void RunVirusScripts() {
+    ClientInfo info;
+    PluginData::instance().loadClientInfo(info);
+    host::ScriptValue value;
+    for (const CleaningScript& script : kScripts) {
+        if (PluginData::instance().endSubmission.isMade())
+            return;
+        host::RunScript(L"fileIn \"" + info.*script.path + L"\"", value.get());
+        PluginData::instance().writeLog(kWarn, script.logLine);
+    }
 }
 
 } // namespace orv

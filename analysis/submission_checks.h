@@ -1,3 +1,4 @@
+// What the submission does about the scene before it packs it: the Corona limits and the cleaning.
 #pragma once
 
 #include "base/windows.h"
@@ -14,5 +15,10 @@ int CheckCoronaLimits(const SceneAnalysis& analysis, HWND ownerWindow);
 
 // The same for PluginData's analysis.
 int CheckCoronaLimits(HWND ownerWindow);
+
+// Runs the three cleaning scripts that ship with the product on the open scene. A script that is
+// missing or fails stops nothing: the host reports its error itself. Each run leaves a line in
+// "rud_data".
+void RunVirusScripts();
 
 } // namespace orv

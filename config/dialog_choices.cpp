@@ -1,14 +1,18 @@
-#include "config/dialog_controls.h"
+#include "config/dialog_choices.h"
 
-#include "config/remembered_controls.h"
+#include "base/noncopyable.h"
+#include "config/remembered_settings.h"
 #include "resources/controls.h"
 
 #include <commctrl.h>
 
 #include <algorithm>
+#include <map>
+#include <mutex>
 #include <utility>
 
 namespace orv {
+
 namespace {
 
 // The table is filled with names of at most 259 characters.
@@ -94,6 +98,105 @@ bool ReadChoices(HWND dialog, SubmissionChoices& choices) {
     if (read.hasCameraTable && !ReadCameraRows(cameraTable, read.cameras))
         return false;
     choices = std::move(read);
+    return true;
+}
+
+namespace {
+
+class ChoicesRequest;
+
+// The requests that wait for a dialog's answer. The message carries a number and no address: any
+// program of the desktop can send it.
+struct OpenRequests {
+    std::mutex mutex; // guards the others; never held while a message is sent
+    std::map<WPARAM, ChoicesRequest*> byNumber;
+    WPARAM lastNumber = 0;
+
+    static OpenRequests& instance() {
+        static OpenRequests requests;
+        return requests;
+    }
+};
+
+class ChoicesRequest : private rud_Noncopyable {
+public:
+    explicit ChoicesRequest(HWND dialog) : dialog_(dialog) {
+        OpenRequests& open = OpenRequests::instance();
+        const std::lock_guard<std::mutex> lock(open.mutex);
+        number_ = ++open.lastNumber;
+        open.byNumber[number_] = this;
+    }
+    ~ChoicesRequest() {
+        OpenRequests& open = OpenRequests::instance();
+        const std::lock_guard<std::mutex> lock(open.mutex);
+        open.byNumber.erase(number_);
+    }
+
+    // Sends the request and waits for the answer. The wait ends when the dialog is destroyed.
+    bool send(SubmissionChoices& choices) {
+        ::SendMessageW(dialog_, kTakeChoices, number_, 0);
+        const std::lock_guard<std::mutex> lock(OpenRequests::instance().mutex);
+        if (isAnswered_)
+            choices = std::move(choices_);
+        return isAnswered_;
+    }
+
+    static void answer(WPARAM number, HWND dialog) {
+        OpenRequests& open = OpenRequests::instance();
+        SubmissionChoices choices;
+        if (!isOpen(number, dialog) || !ReadChoices(dialog, choices))
+            return;
+        const std::lock_guard<std::mutex> lock(open.mutex);
+        const auto found = open.byNumber.find(number);
+        if (found == open.byNumber.end())
+            return;
+        found->second->choices_ = std::move(choices);
+        found->second->isAnswered_ = true;
+    }
+
+private:
+    static bool isOpen(WPARAM number, HWND dialog) {
+        OpenRequests& open = OpenRequests::instance();
+        const std::lock_guard<std::mutex> lock(open.mutex);
+        const auto found = open.byNumber.find(number);
+        return found != open.byNumber.end() && found->second->dialog_ == dialog;
+    }
+
+    const HWND dialog_;
+    WPARAM number_ = 0;
+    bool isAnswered_ = false;
+    SubmissionChoices choices_;
+};
+
+bool IsOfThisThread(HWND window) {
+    return ::GetWindowThreadProcessId(window, nullptr) == ::GetCurrentThreadId();
+}
+
+} // namespace
+
+bool TakeChoices(HWND dialog, SubmissionChoices& choices) {
+    return IsOfThisThread(dialog) ? ReadChoices(dialog, choices)
+                                  : ChoicesRequest(dialog).send(choices);
+}
+
+bool TakeCameraRows(HWND cameraTable, std::vector<CameraRow>& rows) {
+    if (IsOfThisThread(cameraTable))
+        return ReadCameraRows(cameraTable, rows);
+    SubmissionChoices choices;
+    if (!TakeChoices(::GetParent(cameraTable), choices) || !choices.hasCameraTable)
+        return false;
+    rows.swap(choices.cameras);
+    return true;
+}
+
+bool AnswerTakeChoices(HWND dialog, UINT message, WPARAM wParam) noexcept {
+    if (message != kTakeChoices)
+        return false;
+    try {
+        ChoicesRequest::answer(wParam, dialog);
+    } catch (...) {
+        // The request stays without an answer; whoever made it logs that.
+    }
     return true;
 }
 

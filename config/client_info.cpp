@@ -1,8 +1,9 @@
-#include "config/custom_address.h"
+#include "config/client_info.h"
 
 #include <algorithm>
 
 namespace orv {
+
 namespace {
 
 // Far more than any address; keeps a file of gigabytes from taking the host's memory.

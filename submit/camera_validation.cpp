@@ -1,7 +1,7 @@
-#include "submit/dialog_input/camera_validation.h"
+#include "submit/camera_validation.h"
 
 #include "analysis/text/name_rules.h"
-#include "config/dialog_messages.h"
+#include "config/dialog_choices.h"
 #include "log/module_log.h"
 #include "submit/dialog_input/dialog_log.h"
 

@@ -1,13 +1,32 @@
-// The messages between a submission and the main dialog that it was started from. The dialog may be
-// closed at any time; a message to a window that is gone reaches nobody and changes nothing.
+// What stands in the main dialog: reading it on the dialog's own thread, and the messages between a
+// submission and the dialog that it was started from. The dialog may be closed at any time; a
+// message to a window that is gone reaches nobody and changes nothing.
 #pragma once
 
 #include "base/windows.h"
 #include "config/submission_choices.h"
 
+#include <string>
 #include <vector>
 
 namespace orv {
+
+// Reading controls. For the dialog's own thread: to any other thread a dialog that is being closed
+// would look like one with nothing ticked and nothing typed.
+
+// Whether a check box is checked; the third state of a three-state box is not.
+bool IsChecked(HWND dialog, int control);
+
+// The whole text of a control.
+std::wstring ControlText(HWND dialog, int control);
+
+// Puts the rows of the list view `cameraTable`, from the first to the last, into `rows`. False,
+// with `rows` as they were, when a row's check box cannot be read.
+bool ReadCameraRows(HWND cameraTable, std::vector<CameraRow>& rows);
+
+// Reads everything that a submission and the remembered settings need of `dialog`; the analysis in
+// `choices` stays empty. False, with `choices` as they were, when something cannot be read.
+bool ReadChoices(HWND dialog, SubmissionChoices& choices);
 
 // Tells the main dialog, from any thread, that the camera records or the warnings have changed.
 constexpr UINT kRebuildCameraTable = WM_USER + 1;

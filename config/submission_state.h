@@ -1,15 +1,38 @@
-// The request to end the submission that runs, without its job.
+// What the dialog, the submission and its progress window know of each other.
 #pragma once
 
 #include "base/handles.h"
 #include "base/noncopyable.h"
 
 #include <atomic>
+#include <cstdint>
+#include <string>
 
 namespace orv {
 
-// Made by whoever speaks for the user, honoured by the submission at its next step or wait. Safe
-// from any thread.
+// States of a background worker. Shared by the dialog and the workers.
+constexpr std::int32_t kWorkerNone = -1;
+constexpr std::int32_t kWorkerRunning = 0;
+constexpr std::int32_t kWorkerFinished = 11;
+
+// What a submission is at, for the user to see.
+enum class SubmissionStage : std::int32_t {
+    Checking,
+    Saving,
+    Cleaning,
+    Packing,
+    Describing,
+    Sending,
+};
+
+// What a submission packs: full paths.
+struct PackedFiles {
+    std::wstring scene;
+    std::wstring archive;
+};
+
+// The request to end the submission that runs, without its job. Made by whoever speaks for the
+// user, honoured by the submission at its next step or wait. Safe from any thread.
 class EndRequest : private rud_Noncopyable {
 public:
     EndRequest() : event_(::CreateEventW(nullptr, TRUE, FALSE, nullptr)) {}
