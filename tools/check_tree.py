@@ -10,7 +10,7 @@ from source_tree import ROOT, Includes, text_of, tracked_files
 
 # Upper folders may use the folders below them, never the other way round. `resources` and `host` stand
 # beside: whoever needs a text or the host may use them, and they use `base` alone.
-ORDER = ["plugin", "ui", "submit", "analysis", "client", "config", "log", "analysis/text", "base"]
+ORDER = ["plugin", "ui", "submit", "analysis", "client", "config", "windows", "log", "analysis/text", "base"]
 BESIDE = ["resources", "host"]
 PRODUCT = ORDER + BESIDE
 

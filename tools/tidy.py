@@ -15,7 +15,7 @@ from checked import check_sources
 from source_tree import ROOT
 
 COMPILER = "x86_64-w64-mingw32-g++-posix"
-CHECKED = ("base/", "resources/", "host/", "analysis/", "log/", "config/", "client/", "submit/", "ui/",
+CHECKED = ("base/", "resources/", "host/", "analysis/", "log/", "config/", "windows/", "client/", "submit/", "ui/",
            "plugin/")
 
 

@@ -17,7 +17,7 @@ from checked import check_sources
 from source_tree import ROOT, text_of, tracked_files
 
 COMPILER = "clang++-19"
-PRODUCT = ("base/", "resources/", "host/", "analysis/", "log/", "config/", "client/", "submit/", "ui/", "plugin/")
+PRODUCT = ("base/", "resources/", "host/", "analysis/", "log/", "config/", "windows/", "client/", "submit/", "ui/", "plugin/")
 # These two take the place of Visual C++'s own start-up library where it is not the compiler.
 GNU_ONLY = ("host/layout_runtime.cpp", "plugin/gnu_runtime.cpp")
 

@@ -3,11 +3,9 @@
 #include "config/plugin_data.h"
 #include "resources/activation_context.h"
 #include "resources/text.h"
+#include "windows/guard.h"
 
 #include <commctrl.h>
-
-#include <algorithm>
-#include <exception>
 
 namespace orv {
 namespace {
@@ -18,7 +16,7 @@ thread_local Dialog* starting = nullptr;
 
 void RegisterControlClasses() {
     INITCOMMONCONTROLSEX classes = {};
-    classes.dwSize = sizeof classes;
+    classes.dwSize = sizeof(classes);
     classes.dwICC = ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_PROGRESS_CLASS;
     ::InitCommonControlsEx(&classes);
 }
@@ -56,27 +54,6 @@ void Dialog::writeError(const std::string& line) {
     PluginData::instance().writeLog(kError, line);
 }
 
-void Dialog::centreOverOwner() {
-    HWND owner = ::GetWindow(window_, GW_OWNER);
-    RECT outer = {};
-    RECT inner = {};
-    MONITORINFO monitor = {};
-    monitor.cbSize = sizeof monitor;
-    if (owner == nullptr || ::IsIconic(owner) || !::GetWindowRect(owner, &outer) ||
-        !::GetWindowRect(window_, &inner) ||
-        !::GetMonitorInfoW(::MonitorFromWindow(owner, MONITOR_DEFAULTTONEAREST), &monitor))
-        return; // it stays where the template puts it
-    const RECT& screen = monitor.rcWork;
-    const LONG width = inner.right - inner.left;
-    const LONG height = inner.bottom - inner.top;
-    // The right and bottom edges give way first: the title bar has to be in reach.
-    const LONG left = std::max(
-        screen.left, std::min((outer.left + outer.right - width) / 2, screen.right - width));
-    const LONG top = std::max(
-        screen.top, std::min((outer.top + outer.bottom - height) / 2, screen.bottom - height));
-    ::SetWindowPos(window_, nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 INT_PTR CALLBACK Dialog::procedure(HWND window, UINT message, WPARAM wParam,
                                    LPARAM lParam) noexcept {
     auto* dialog = reinterpret_cast<Dialog*>(::GetWindowLongPtrW(window, DWLP_USER));
@@ -88,16 +65,12 @@ INT_PTR CALLBACK Dialog::procedure(HWND window, UINT message, WPARAM wParam,
         dialog->window_ = window;
         ::SetWindowLongPtrW(window, DWLP_USER, reinterpret_cast<LONG_PTR>(dialog));
     }
-    try {
-        return dialog->handle(message, wParam, lParam);
-    } catch (const std::exception& error) {
-        dialog->reportError(std::string("The dialog ended by an unexpected error: ") +
-                            error.what());
-    } catch (...) {
-        dialog->reportError("The dialog ended by an unexpected error.");
-    }
-    ::EndDialog(window, 0);
-    return FALSE;
+    INT_PTR result = FALSE;
+    const auto report = [dialog](const std::string& line) { dialog->writeError(line); };
+    if (!RunGuarded("The dialog ended by an unexpected error", report,
+                    [&] { result = dialog->handle(message, wParam, lParam); }))
+        ::EndDialog(window, 0);
+    return result;
 }
 
 INT_PTR Dialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {

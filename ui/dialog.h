@@ -28,9 +28,6 @@ protected:
     // Ends the dialog; it is gone once the current message has been handled.
     void end(INT_PTR result) { ::EndDialog(window_, result); }
 
-    // Moves the dialog to the middle of its owner, as far as the screen has room for it.
-    void centreOverOwner();
-
     // What a dialog answers to. The controls exist from onInit to onDestroy. An exception ends the
     // dialog with 0 and is logged.
 

@@ -7,30 +7,15 @@
 #include "ui/exit/exit_guard.h"
 #include "ui/main_dialog/main_dialog.h"
 #include "ui/workers.h"
+#include "windows/guard.h"
 
-#include <exception>
 #include <string>
 
 namespace {
 
 // The callers are the host's: nothing may be thrown into it.
-void LogError(const char* action, const char* what) noexcept {
-    try {
-        orv::PluginData::instance().writeLog(orv::kError, std::string(action) + " failed: " + what);
-    } catch (...) {
-        // There is nowhere left to tell it.
-    }
-}
-
-template<class Action>
-void RunGuarded(const char* name, Action action) noexcept {
-    try {
-        action();
-    } catch (const std::exception& error) {
-        LogError(name, error.what());
-    } catch (...) {
-        LogError(name, "unknown error");
-    }
+void LogError(const std::string& line) {
+    orv::PluginData::instance().writeLog(orv::kError, line);
 }
 
 void OpenMainDialog(HWND owner) {
@@ -47,14 +32,14 @@ void OpenMainDialog(HWND owner) {
 } // namespace
 
 void orv_open_main_dialog(HWND owner) {
-    RunGuarded("Opening the dialog", [owner] { OpenMainDialog(owner); });
+    orv::RunGuarded("Opening the dialog failed", LogError, [owner] { OpenMainDialog(owner); });
 }
 
 void orv_wait_before_exit(void) {
-    RunGuarded("Waiting for the submission", [] { orv::WaitBeforeExit(); });
+    orv::RunGuarded("Waiting for the submission failed", LogError, orv::WaitBeforeExit);
 }
 
 void orv_show_about(void) {
-    RunGuarded("Showing the version",
-               [] { orv::ShowMessage(nullptr, IDS_ABOUT_TEXT, IDS_ABOUT_CAPTION); });
+    orv::RunGuarded("Showing the version failed", LogError,
+                    [] { orv::ShowMessage(nullptr, IDS_ABOUT_TEXT, IDS_ABOUT_CAPTION); });
 }

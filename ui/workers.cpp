@@ -15,9 +15,9 @@
 #include "ui/exit/exit_guard.h"
 #include "ui/progress/progress_dialog.h"
 #include "ui/worker_start.h"
+#include "windows/guard.h"
 
 #include <atomic>
-#include <exception>
 #include <memory>
 #include <string>
 #include <system_error>
@@ -61,20 +61,6 @@ void LogError(const std::string& message) noexcept {
     }
 }
 
-// Runs `body` so that nothing it throws ends the host. False when it threw.
-template<class Body>
-bool RunGuarded(const char* worker, Body body) noexcept {
-    try {
-        body();
-        return true;
-    } catch (const std::exception& error) {
-        LogError(std::string(worker) + " ended by an unexpected error: " + error.what());
-    } catch (...) {
-        LogError(std::string(worker) + " ended by an unexpected error.");
-    }
-    return false;
-}
-
 // While the host saves the scene for a submission, which has no thread yet. Of the host's thread.
 bool isSavingFirst = false;
 
@@ -98,13 +84,14 @@ bool IsGone(const ThreadHandle& thread) {
 void RunSubmitWorker(const WorkerArguments& arguments) noexcept {
     submitThread = ThisThread();
     submitThreadId = ::GetCurrentThreadId();
-    const bool isDone = RunGuarded("The submit worker", [&arguments] {
-        arguments.language.use();
-        saveRememberedSettings(*arguments.choices);
-        const WinsockSession network; // the dialog's own ends when the dialog is closed
-        SubmitJob(std::move(*arguments.choices), arguments.dialog, arguments.caption,
-                  arguments.checkCaption, arguments.languageMarker);
-    });
+    const bool isDone =
+        RunGuarded("The submit worker ended by an unexpected error", LogError, [&arguments] {
+            arguments.language.use();
+            saveRememberedSettings(*arguments.choices);
+            const WinsockSession network; // the dialog's own ends when the dialog is closed
+            SubmitJob(std::move(*arguments.choices), arguments.dialog, arguments.caption,
+                      arguments.checkCaption, arguments.languageMarker);
+        });
     if (!isDone)
         ShowUnexpectedEnd(arguments.dialog, arguments.caption, arguments.languageMarker);
     PluginData& data = PluginData::instance();
@@ -120,7 +107,7 @@ void RunProgressWorker(const WorkerArguments& arguments,
                        std::unique_ptr<HeldDialog> hold) noexcept {
     progressThread = ThisThread();
     PluginData& data = PluginData::instance();
-    RunGuarded("The progress worker", [&arguments, &data] {
+    RunGuarded("The progress worker ended by an unexpected error", LogError, [&arguments, &data] {
         arguments.language.use();
         // It goes with the dialog, and does not come without it.
         if (ProgressDialog::waitForScreen() && ::IsWindow(arguments.dialog))
@@ -161,7 +148,7 @@ void StartThreads(const WorkerArguments& arguments) {
         startSubmitWorker();
         return;
     }
-    RunGuarded("Starting the progress worker", [&] {
+    RunGuarded("Starting the progress worker ended by an unexpected error", LogError, [&] {
         try {
             std::thread(RunProgressWorker, arguments, std::move(progressHold)).detach();
         } catch (...) {
@@ -171,58 +158,57 @@ void StartThreads(const WorkerArguments& arguments) {
     });
 }
 
+SubmissionStart Start(HWND dialog) {
+    PluginData& data = PluginData::instance();
+    if (IsWorkerRunning(data.submitState))
+        return SubmissionStart::RunsAlready;
+    KeepLibraryLoaded();
+    const auto choices = std::make_shared<SubmissionChoices>();
+    if (!TakeChoices(dialog, *choices)) { // before the host runs other messages while it saves
+        LogError(kChoicesNotRead);
+        return SubmissionStart::Failed;
+    }
+    choices->analysis = data.analysis;
+    const bool savesFirst = choices->isChecked(IDC_SAVE_SCENE_FILE);
+    const WorkerArguments arguments = {dialog,
+                                       choices,
+                                       ResourceText(IDS_CAPTION),
+                                       ResourceText(IDS_CAPTION_CHECK),
+                                       ResourceText(IDS_LANGUAGE_MARKER),
+                                       ThreadLanguage()};
+    // Cleared before the threads start: a submission that fails at once sets them within this
+    // very function, and clearing them afterwards would lose that.
+    data.done = false;
+    data.hide = false;
+    data.endSubmission.clear();
+    data.submitStarted = ::GetTickCount64();
+    data.stage = savesFirst ? SubmissionStage::Saving : SubmissionStage::Checking;
+    data.setPackedFiles(nullptr);
+    bool isSaved = true;
+    StartWorkerOnce(data.submitState, [&] {
+        // The host may ask the user for a file name and deal with other messages meanwhile:
+        // the state keeps a second submission away. The dialog may be gone afterwards; what it
+        // was asked to submit is submitted all the same.
+        isSavingFirst = savesFirst;
+        isSaved = !savesFirst || host::SaveScene();
+        isSavingFirst = false;
+        if (!isSaved) {
+            data.submitState = kWorkerFinished;
+            return;
+        }
+        choices->openScene = host::SceneFilePath(); // a first save has named it by now
+        StartThreads(arguments);
+        GuardExit();
+    });
+    return isSaved ? SubmissionStart::Started : SubmissionStart::SceneNotSaved;
+}
+
 } // namespace
 
 SubmissionStart StartSubmission(HWND dialog) noexcept {
-    try {
-        PluginData& data = PluginData::instance();
-        if (IsWorkerRunning(data.submitState))
-            return SubmissionStart::RunsAlready;
-        KeepLibraryLoaded();
-        const auto choices = std::make_shared<SubmissionChoices>();
-        if (!TakeChoices(dialog, *choices)) { // before the host runs other messages while it saves
-            LogError(kChoicesNotRead);
-            return SubmissionStart::Failed;
-        }
-        choices->analysis = data.analysis;
-        const bool savesFirst = choices->isChecked(IDC_SAVE_SCENE_FILE);
-        const WorkerArguments arguments = {dialog,
-                                           choices,
-                                           ResourceText(IDS_CAPTION),
-                                           ResourceText(IDS_CAPTION_CHECK),
-                                           ResourceText(IDS_LANGUAGE_MARKER),
-                                           ThreadLanguage()};
-        // Cleared before the threads start: a submission that fails at once sets them within this
-        // very function, and clearing them afterwards would lose that.
-        data.done = false;
-        data.hide = false;
-        data.endSubmission.clear();
-        data.submitStarted = ::GetTickCount64();
-        data.stage = savesFirst ? SubmissionStage::Saving : SubmissionStage::Checking;
-        data.setPackedFiles(nullptr);
-        bool isSaved = true;
-        StartWorkerOnce(data.submitState, [&] {
-            // The host may ask the user for a file name and deal with other messages meanwhile:
-            // the state keeps a second submission away. The dialog may be gone afterwards; what it
-            // was asked to submit is submitted all the same.
-            isSavingFirst = savesFirst;
-            isSaved = !savesFirst || host::SaveScene();
-            isSavingFirst = false;
-            if (!isSaved) {
-                data.submitState = kWorkerFinished;
-                return;
-            }
-            choices->openScene = host::SceneFilePath(); // a first save has named it by now
-            StartThreads(arguments);
-            GuardExit();
-        });
-        return isSaved ? SubmissionStart::Started : SubmissionStart::SceneNotSaved;
-    } catch (const std::exception& error) {
-        LogError(std::string("The submission could not be started: ") + error.what());
-    } catch (...) {
-        LogError("The submission could not be started.");
-    }
-    return SubmissionStart::Failed;
+    SubmissionStart start = SubmissionStart::Failed;
+    RunGuarded("The submission could not be started", LogError, [&] { start = Start(dialog); });
+    return start;
 }
 
 bool IsSubmissionRunning() {

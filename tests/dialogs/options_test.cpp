@@ -1,11 +1,11 @@
 // The options of the main dialog, used as a person does: which controls work when, what arrows and
 // keys do to a field, what is remembered.
-#include "base/dc.h"
 #include "resources/controls.h"
 #include "tests/dialogs/dialog_user.h"
 #include "tests/dialogs/plugin_host.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/wait_until.h"
+#include "windows/measures.h"
 
 #include <gtest/gtest.h>
 

@@ -1,19 +1,17 @@
 #include "ui/camera_table/camera_table.h"
 
-#include "base/dc.h"
 #include "config/dialog_choices.h"
 #include "log/module_log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "submit/dialog_input/dialog_log.h"
+#include "windows/controls.h"
+#include "windows/measures.h"
 
 namespace orv {
 namespace {
 
 constexpr DWORD kTableStyle = LVS_EX_GRIDLINES | LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT;
-
-constexpr UINT kUnticked = 1; // state images of a row
-constexpr UINT kTicked = 2;
 
 struct Column {
     unsigned heading; // text number
@@ -25,11 +23,6 @@ const Column kColumns[] = {
     {IDS_COLUMN_FRAME, 60},        {IDS_COLUMN_TYPE, 60},  {IDS_COLUMN_FORMAT, 60},
     {IDS_COLUMN_OUTPUT_NAME, 200},
 };
-
-int DotsPerInch(HWND window) {
-    const WindowDc dc(window);
-    return dc ? ::GetDeviceCaps(dc.get(), LOGPIXELSX) : USER_DEFAULT_SCREEN_DPI;
-}
 
 int WidthOf(const Column& column, int dotsPerInch) {
     return ::MulDiv(column.width, dotsPerInch, USER_DEFAULT_SCREEN_DPI);
@@ -49,14 +42,6 @@ public:
 private:
     HWND window_;
 };
-
-void SetItemState(HWND list, int row, UINT state, UINT mask) {
-    LVITEMW item = {};
-    item.state = state;
-    item.stateMask = mask;
-    ::SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row),
-                   reinterpret_cast<LPARAM>(&item));
-}
 
 } // namespace
 
@@ -137,8 +122,7 @@ void CameraTable::selectAll(CameraMap& cameras) {
 
 LRESULT CameraTable::drawEmptyText(const NMCUSTOMDRAW& drawing) const {
     if (drawing.dwDrawStage == CDDS_PREPAINT)
-        return ::SendMessageW(list_, LVM_GETITEMCOUNT, 0, 0) == 0 ? CDRF_NOTIFYPOSTPAINT
-                                                                  : CDRF_DODEFAULT;
+        return CheckList(list_).rowCount() == 0 ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
     if (drawing.dwDrawStage == CDDS_POSTPAINT) {
         RECT area = {};
         ::GetClientRect(list_, &area);
@@ -160,8 +144,8 @@ int CameraTable::fill(const CameraMap& cameras) {
     for (const auto& camera : cameras)
         insertRow(row++, camera.first, camera.second);
     // The keyboard starts at the first camera: the space bar ticks it.
-    SetItemState(list_, 0, LVIS_FOCUSED, LVIS_FOCUSED);
-    return static_cast<int>(::SendMessageW(list_, LVM_GETITEMCOUNT, 0, 0));
+    CheckList(list_).setState(0, LVIS_FOCUSED, LVIS_FOCUSED);
+    return CheckList(list_).rowCount();
 }
 
 void CameraTable::insertRow(int row, const std::wstring& key, const CameraInfo& camera) {
@@ -176,8 +160,7 @@ void CameraTable::insertRow(int row, const std::wstring& key, const CameraInfo& 
     setText(row, 4, camera.isSpherical ? spherical_ : normal_);
     setText(row, 5, camera.imageFormat);
     setText(row, 6, camera.name);
-    SetItemState(list_, row, INDEXTOSTATEIMAGEMASK(camera.selected ? kTicked : kUnticked),
-                 LVIS_STATEIMAGEMASK);
+    CheckList(list_).setTick(row, camera.selected);
 }
 
 void CameraTable::setText(int row, int column, const std::wstring& text) {

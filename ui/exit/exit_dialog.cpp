@@ -1,12 +1,13 @@
 #include "ui/exit/exit_dialog.h"
 
-#include "config/dialog_choices.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "ui/exit/exit_guard.h"
 #include "ui/progress/progress_lines.h"
 #include "ui/workers.h"
+#include "windows/controls.h"
+#include "windows/measures.h"
 
 #include <commctrl.h>
 
@@ -20,7 +21,7 @@ constexpr UINT kMarqueeMilliseconds = 40;
 } // namespace
 
 bool ExitDialog::onInit(LPARAM /*parameter*/) {
-    centreOverOwner();
+    CentreOverOwner(window());
     ::RemoveMenu(::GetSystemMenu(window(), FALSE), SC_CLOSE, MF_BYCOMMAND);
     ::SendMessageW(control(IDC_EXIT_BAR), PBM_SETMARQUEE, TRUE, kMarqueeMilliseconds);
     if (endAsked_ != 0)
@@ -70,32 +71,26 @@ bool ExitDialog::onTimer(UINT_PTR id) {
 
 void ExitDialog::wait() {
     waits_ = true;
-    setText(IDC_EXIT_HEADING, ResourceText(IDS_EXIT_WAITS));
+    Control(window(), IDC_EXIT_HEADING).updateText(ResourceText(IDS_EXIT_WAITS));
     // A disabled button would keep the focus, and the next Enter must not reach the other one.
     ::SetFocus(control(IDC_EXIT_BAR));
-    ::EnableWindow(control(IDC_EXIT_WAIT), FALSE);
+    Control(window(), IDC_EXIT_WAIT).enable(false);
 }
 
 void ExitDialog::endSubmission() {
     if (endAsked_ == 0)
         endAsked_ = ::GetTickCount64();
     data_.endSubmission.make();
-    setText(IDC_EXIT_HEADING, ResourceText(IDS_EXIT_ENDS));
-    ::EnableWindow(control(IDC_EXIT_WAIT), FALSE);
-    ::EnableWindow(control(IDC_EXIT_END), FALSE);
+    Control(window(), IDC_EXIT_HEADING).updateText(ResourceText(IDS_EXIT_ENDS));
+    Control(window(), IDC_EXIT_WAIT).enable(false);
+    Control(window(), IDC_EXIT_END).enable(false);
     showLines();
 }
 
 void ExitDialog::showLines() {
-    setText(IDC_EXIT_STAGE,
-            ResourceText(endAsked_ != 0 ? IDS_STAGE_ENDING : StageText(data_.stage)));
-    setText(IDC_EXIT_TIME, TimeLine(::GetTickCount64() - data_.submitStarted));
-}
-
-// Writes only what has changed, which would flicker otherwise.
-void ExitDialog::setText(int id, const std::wstring& text) {
-    if (ControlText(window(), id) != text)
-        ::SetDlgItemTextW(window(), id, text.c_str());
+    Control(window(), IDC_EXIT_STAGE)
+        .updateText(ResourceText(endAsked_ != 0 ? IDS_STAGE_ENDING : StageText(data_.stage)));
+    Control(window(), IDC_EXIT_TIME).updateText(TimeLine(::GetTickCount64() - data_.submitStarted));
 }
 
 } // namespace orv

@@ -31,7 +31,6 @@ private:
     void wait();
     void endSubmission();
     void showLines();
-    void setText(int id, const std::wstring& text);
 
     PluginData& data_;
     std::uint64_t endAsked_ = 0; // GetTickCount64 of "End without it", 0 before

@@ -9,9 +9,9 @@
 #include "resources/texts.h"
 #include "ui/exit/exit_dialog.h"
 #include "ui/workers.h"
+#include "windows/guard.h"
 
 #include <atomic>
-#include <exception>
 #include <string>
 
 namespace orv {
@@ -36,6 +36,10 @@ void Log(const std::string& level, const std::string& message) noexcept {
     } catch (...) {
         // There is nowhere left to tell it.
     }
+}
+
+void LogError(const std::string& message) noexcept {
+    Log(kError, message);
 }
 
 // Waits for the workers, at most that long, and serves what they send to this thread. False when
@@ -163,16 +167,10 @@ void HoldExit() {
 }
 
 void OnHostExit() {
-    try {
-        if (isWaiting || isGivenUp || HaveWorkersEnded())
-            return;
-        isWaiting = true;
-        HoldExit();
-    } catch (const std::exception& error) {
-        Log(kError, std::string("Waiting for the submission failed: ") + error.what());
-    } catch (...) {
-        Log(kError, "Waiting for the submission failed.");
-    }
+    if (isWaiting || isGivenUp || HaveWorkersEnded())
+        return;
+    isWaiting = true;
+    RunGuarded("Waiting for the submission failed", LogError, HoldExit);
     isWaiting = false;
 }
 
@@ -181,7 +179,7 @@ void OnHostExit() {
 void GuardExit() noexcept {
     hasGuarded = true;
     isGivenUp = false;
-    try {
+    RunGuarded("Watching the host's exit failed", LogError, [] {
         host::WatchExit(&OnHostExit);
         if (guardWindow == nullptr || !::IsWindow(guardWindow)) {
             guardWindow = CreateGuardWindow();
@@ -190,11 +188,7 @@ void GuardExit() noexcept {
             else
                 BlockShutdown(guardWindow);
         }
-    } catch (const std::exception& error) {
-        Log(kError, std::string("Watching the host's exit failed: ") + error.what());
-    } catch (...) {
-        Log(kError, "Watching the host's exit failed.");
-    }
+    });
     // It ended before there was anything to release.
     if (!IsSubmissionRunning())
         RemoveGuard();

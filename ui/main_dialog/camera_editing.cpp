@@ -1,8 +1,8 @@
 #include "ui/main_dialog/camera_editing.h"
 
-#include "config/dialog_choices.h"
 #include "resources/controls.h"
 #include "ui/render_options/render_options.h"
+#include "windows/controls.h"
 
 #include <commctrl.h>
 
@@ -14,20 +14,17 @@ namespace {
 
 // The names of the rows that are in all these states (LVNI_SELECTED, LVNI_FOCUSED), from the top.
 std::vector<std::wstring> NamesOfRows(HWND table, LPARAM states) {
-    std::vector<CameraRow> rows;
     std::vector<std::wstring> names;
-    if (!ReadCameraRows(table, rows))
-        return names;
     for (LRESULT row = -1;;) {
         row = ::SendMessageW(table, LVM_GETNEXTITEM, static_cast<WPARAM>(row), states);
-        if (row < 0 || row >= static_cast<LRESULT>(rows.size()))
+        if (row < 0)
             return names;
-        names.push_back(rows[static_cast<std::size_t>(row)].name);
+        names.push_back(CheckList(table).name(static_cast<int>(row)));
     }
 }
 
-void Edit(HWND dialog, CameraTable& cameras, PluginData& data, LPARAM states,
-          CameraEditing editing) {
+void EditRows(HWND dialog, CameraTable& cameras, PluginData& data, LPARAM states,
+              CameraEditing editing) {
     const std::vector<std::wstring> names = NamesOfRows(::GetDlgItem(dialog, IDC_CAMERAS), states);
     cameras.readTicks(data.analysis.cameras);
     RunRenderOptions(dialog, data, names, editing);
@@ -36,18 +33,18 @@ void Edit(HWND dialog, CameraTable& cameras, PluginData& data, LPARAM states,
 } // namespace
 
 void EditFocusedCamera(HWND dialog, CameraTable& cameras, PluginData& data) {
-    Edit(dialog, cameras, data, LVNI_FOCUSED | LVNI_SELECTED, CameraEditing::Single);
+    EditRows(dialog, cameras, data, LVNI_FOCUSED | LVNI_SELECTED, CameraEditing::Single);
 }
 
 void EditSelectedCameras(HWND dialog, CameraTable& cameras, PluginData& data) {
-    Edit(dialog, cameras, data, LVNI_SELECTED, CameraEditing::Several);
+    EditRows(dialog, cameras, data, LVNI_SELECTED, CameraEditing::Several);
 }
 
 void UpdateEditButton(HWND dialog) {
-    HWND button = ::GetDlgItem(dialog, IDC_EDIT_CAMERAS);
+    const Control button(dialog, IDC_EDIT_CAMERAS);
     const bool several = ::SendDlgItemMessageW(dialog, IDC_CAMERAS, LVM_GETSELECTEDCOUNT, 0, 0) > 1;
-    if (several != (::IsWindowEnabled(button) != FALSE))
-        ::EnableWindow(button, several);
+    if (several != button.isEnabled())
+        button.enable(several);
 }
 
 bool ChangesSelection(const NMHDR& header) {

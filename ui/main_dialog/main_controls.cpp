@@ -1,10 +1,8 @@
 #include "ui/main_dialog/main_controls.h"
 
-#include "config/dialog_choices.h"
 #include "resources/controls.h"
 #include "ui/main_dialog/block_mode.h"
-
-#include <commctrl.h>
+#include "windows/controls.h"
 
 #include <algorithm>
 #include <iterator>
@@ -59,13 +57,7 @@ constexpr SpinnerRange kSpinnerRanges[] = {
     {IDC_NOISE_LEVEL_SPIN, 0, 100},
 };
 
-constexpr LPARAM kAoSubdivs = 16;
-
-void SetText(HWND edit, const std::wstring& text) {
-    ::SetWindowTextW(edit, text.c_str());
-    const auto end = static_cast<WPARAM>(text.size());
-    ::SendMessageW(edit, EM_SETSEL, end, static_cast<LPARAM>(end)); // where the user goes on
-}
+constexpr int kAoSubdivs = 16;
 
 } // namespace
 
@@ -112,38 +104,38 @@ const std::vector<EnablingRule>& EnablingRules() {
 
 void EnableByCheckBoxes(HWND dialog) {
     for (const EnablingRule& rule : EnablingRules())
-        EnableControls(dialog, rule.controls, IsChecked(dialog, rule.checkBox));
+        EnableControls(dialog, rule.controls, CheckBox(dialog, rule.checkBox).isChecked());
 }
 
 void EnableControls(HWND dialog, const std::vector<int>& ids, bool enabled) {
     for (const int id : ids)
-        ::EnableWindow(::GetDlgItem(dialog, id), enabled);
+        Control(dialog, id).enable(enabled);
 }
 
 void ShowControls(HWND dialog, const std::vector<int>& ids, bool shown) {
     for (const int id : ids)
-        ::ShowWindow(::GetDlgItem(dialog, id), shown ? SW_SHOW : SW_HIDE);
+        Control(dialog, id).show(shown);
 }
 
 void SetOpeningDefaults(HWND dialog) {
     for (const SpinnerRange& range : kSpinnerRanges)
-        ::SendDlgItemMessageW(dialog, range.spinner, UDM_SETRANGE32,
-                              static_cast<WPARAM>(range.minimum), range.maximum);
-    ::SendDlgItemMessageW(dialog, IDC_AO_SUBDIVS_SPIN, UDM_SETPOS32, 0, kAoSubdivs);
+        Arrows(dialog, range.spinner).setRange(range.minimum, range.maximum);
+    Arrows(dialog, IDC_AO_SUBDIVS_SPIN).setPosition(kAoSubdivs);
     for (const EditDefault& value : kEditDefaults)
-        ::SetDlgItemTextW(dialog, value.edit, value.text);
+        Edit(dialog, value.edit).setText(value.text);
 }
 
 void ApplyEditRule(HWND dialog, const EditRule& rule) {
-    const std::wstring text = ControlText(dialog, rule.edit);
+    const Edit edit(dialog, rule.edit);
+    const std::wstring text = edit.text();
     const std::wstring kept = TextByRule(rule, text);
     if (kept != text)
-        SetText(::GetDlgItem(dialog, rule.edit), kept);
+        edit.setTextAndCaret(kept);
 }
 
 void StepEdit(HWND dialog, const SpinnerRule& rule, int steps) {
-    SetText(::GetDlgItem(dialog, rule.edit),
-            StepDecimal(ControlText(dialog, rule.edit), steps, rule.step, rule.range));
+    const Edit edit(dialog, rule.edit);
+    edit.setTextAndCaret(StepDecimal(edit.text(), steps, rule.step, rule.range));
 }
 
 } // namespace orv

@@ -23,6 +23,8 @@
 #include "ui/main_dialog/main_layout.h"
 #include "ui/main_dialog/scene_name_rule.h"
 #include "ui/workers.h"
+#include "windows/controls.h"
+#include "windows/measures.h"
 
 #include <commctrl.h>
 
@@ -30,8 +32,6 @@
 #include <vector>
 
 namespace orv {
-namespace {} // namespace
-
 MainDialog::MainDialog(PluginData& data) : data_(data) {}
 
 void MainDialog::writeError(const std::string& line) {
@@ -41,7 +41,7 @@ void MainDialog::writeError(const std::string& line) {
 bool MainDialog::onInit(LPARAM /*parameter*/) {
     LayOutMainDialog(window(), CameraTable::widthOfColumns(window()),
                      ResourceText(IDS_LANGUAGE_MARKER) == L"1");
-    centreOverOwner();
+    CentreOverOwner(window());
     winsock_ = std::make_unique<WinsockSession>();
     if (!winsock_->started()) {
         std::fputs("Load WinSock Failed!\n", stdout);
@@ -247,7 +247,7 @@ void MainDialog::fill(bool first) {
     fillWarnings();
     if (first)
         cameras_.attach(control(IDC_CAMERAS));
-    ::SetDlgItemTextW(window(), IDC_GAMMA, DecimalText(data_.analysis.gammaOut, 1).c_str());
+    Edit(window(), IDC_GAMMA).setText(DecimalText(data_.analysis.gammaOut, 1));
     for (const EnablingRule& rule : EnablingRules())
         EnableControls(window(), rule.controls, false);
     if (data_.analysis.cameras.size() < 2)
@@ -265,8 +265,8 @@ void MainDialog::fill(bool first) {
 void MainDialog::fillWarnings() {
     const std::vector<std::wstring> lines = WarningLines(data_.analysis);
     FillWarnings(control(IDC_WARNINGS), lines);
-    ::ShowWindow(control(IDC_WARNINGS), lines.empty() ? SW_HIDE : SW_SHOW);
-    ::ShowWindow(control(IDC_NO_WARNINGS), lines.empty() ? SW_SHOW : SW_HIDE);
+    Control(window(), IDC_WARNINGS).show(!lines.empty());
+    Control(window(), IDC_NO_WARNINGS).show(lines.empty());
 }
 
 void MainDialog::analyseAgain() {

@@ -1,8 +1,8 @@
 #include "ui/main_dialog/main_layout.h"
 
-#include "base/dc.h"
 #include "resources/controls.h"
 #include "ui/main_dialog/limit_layout.h"
+#include "windows/measures.h"
 
 #include <algorithm>
 #include <cmath>
@@ -40,32 +40,16 @@ struct Child {
     RECT place; // in the dialog's client area
 };
 
-RECT PlaceOf(HWND dialog, HWND child) {
-    RECT place = {};
-    ::GetWindowRect(child, &place);
-    ::MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
-    return place;
-}
-
 std::vector<Child> ChildrenOf(HWND dialog) {
     std::vector<Child> children;
     for (HWND child = ::GetWindow(dialog, GW_CHILD); child != nullptr;
          child = ::GetWindow(child, GW_HWNDNEXT))
-        children.push_back({child, ::GetDlgCtrlID(child), PlaceOf(dialog, child)});
+        children.push_back({child, ::GetDlgCtrlID(child), PlaceOf(child)});
     return children;
 }
 
-// A closed combo box is placed without its list, and keeps the list's height when only moved.
-void Place(const Child& child, const RECT& place) {
-    const bool isMoved = place.right - place.left == child.place.right - child.place.left &&
-                         place.bottom - place.top == child.place.bottom - child.place.top;
-    ::SetWindowPos(child.window, nullptr, place.left, place.top, place.right - place.left,
-                   place.bottom - place.top,
-                   SWP_NOZORDER | SWP_NOACTIVATE | (isMoved ? SWP_NOSIZE : 0U));
-}
-
 void Stretch(HWND dialog, int wider, int higher) {
-    const LONG tableBottom = PlaceOf(dialog, ::GetDlgItem(dialog, IDC_CAMERAS)).bottom;
+    const LONG tableBottom = PlaceOf(::GetDlgItem(dialog, IDC_CAMERAS)).bottom;
     for (const Child& child : ChildrenOf(dialog)) {
         RECT place = child.place;
         if (Contains(kMoveRight, child.id))
@@ -76,13 +60,8 @@ void Stretch(HWND dialog, int wider, int higher) {
             ::OffsetRect(&place, 0, higher);
         else if (Contains(kGrowDown, child.id))
             place.bottom += higher;
-        Place(child, place);
+        PlaceWindow(child.window, place);
     }
-}
-
-double ScaleOf(HWND window) {
-    const WindowDc dc(window);
-    return dc ? ::GetDeviceCaps(dc.get(), LOGPIXELSX) / 96.0 : 1.0;
 }
 
 // The size in pixels that the rule gives. Its numbers grow with the resolution, and so do dialog
@@ -100,19 +79,16 @@ void Resize(HWND dialog, int tableWidth, double scale, bool isChinese) {
     ::GetWindowRect(dialog, &window);
     RECT table = {};
     ::GetClientRect(::GetDlgItem(dialog, IDC_CAMERAS), &table);
-    MONITORINFO monitor = {};
-    monitor.cbSize = sizeof monitor;
-    ::GetMonitorInfoW(::MonitorFromWindow(dialog, MONITOR_DEFAULTTONEAREST), &monitor);
+    const RECT screen = WorkAreaOf(dialog);
 
     const SIZE ruled = RuledSize(dialog, scale, isChinese);
     const LONG width = window.right - window.left;
     const LONG height = window.bottom - window.top;
     const LONG needed = width + std::max<LONG>(0, tableWidth - table.right);
-    const LONG highest = monitor.rcWork.bottom - monitor.rcWork.top;
+    const LONG highest = screen.bottom - screen.top;
     const LONG wider = std::max(needed, ruled.cx) - width;
     const LONG higher = std::max(height, std::min(ruled.cy, highest)) - height;
-    ::SetWindowPos(dialog, nullptr, 0, 0, width + wider, height + higher,
-                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    ResizeWindow(dialog, width + wider, height + higher);
     Stretch(dialog, wider, higher);
 }
 
@@ -137,31 +113,30 @@ RECT PlaceInLimitRow(const RECT& now, const std::vector<ControlPosition>& row, s
 
 void OffsetControl(HWND dialog, int id, LONG right) {
     const HWND window = ::GetDlgItem(dialog, id);
-    const RECT place = PlaceOf(dialog, window);
-    ::SetWindowPos(window, nullptr, place.left + right, place.top, 0, 0,
-                   SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const RECT place = PlaceOf(window);
+    MoveWindowTo(window, place.left + right, place.top);
 }
 
 void LayOutLimitRow(HWND dialog, double scale, bool isChinese) {
     const std::vector<ControlPosition> row = LimitRowPositions(scale, isChinese);
     for (std::size_t index = 0; index < row.size(); ++index) {
         const HWND window = ::GetDlgItem(dialog, row[index].id);
-        const Child child = {window, row[index].id, PlaceOf(dialog, window)};
-        const RECT place = PlaceInLimitRow(child.place, row, index, scale);
-        Place(child, place);
-        if (child.id == IDC_GAMMA) { // its label and arrows stay beside it
-            OffsetControl(dialog, IDC_GAMMA_LABEL, place.left - child.place.left);
-            OffsetControl(dialog, IDC_GAMMA_SPIN, place.left - child.place.left);
+        const RECT now = PlaceOf(window);
+        const RECT place = PlaceInLimitRow(now, row, index, scale);
+        PlaceWindow(window, place);
+        if (row[index].id == IDC_GAMMA) { // its label and arrows stay beside it
+            OffsetControl(dialog, IDC_GAMMA_LABEL, place.left - now.left);
+            OffsetControl(dialog, IDC_GAMMA_SPIN, place.left - now.left);
         }
     }
 }
 
 // The rows of other boxes begin where the limits do. The gamma has its place already.
 void AlignRows(HWND dialog) {
-    const LONG left = PlaceOf(dialog, ::GetDlgItem(dialog, IDC_PASS_LIMIT_LABEL)).left;
-    const LONG now = PlaceOf(dialog, ::GetDlgItem(dialog, IDC_COLOR_CHANNEL)).left;
+    const LONG left = PlaceOf(::GetDlgItem(dialog, IDC_PASS_LIMIT_LABEL)).left;
+    const LONG now = PlaceOf(::GetDlgItem(dialog, IDC_COLOR_CHANNEL)).left;
     for (const int box : kAlignedBoxes) {
-        const RECT area = PlaceOf(dialog, ::GetDlgItem(dialog, box));
+        const RECT area = PlaceOf(::GetDlgItem(dialog, box));
         for (const Child& child : ChildrenOf(dialog)) {
             const bool isGamma =
                 child.id == IDC_GAMMA || child.id == IDC_GAMMA_LABEL || child.id == IDC_GAMMA_SPIN;
@@ -170,14 +145,13 @@ void AlignRows(HWND dialog) {
                 OffsetControl(dialog, child.id, left - now);
         }
     }
-    OffsetControl(dialog, IDC_NO_LIMITS,
-                  left - PlaceOf(dialog, ::GetDlgItem(dialog, IDC_NO_LIMITS)).left);
+    OffsetControl(dialog, IDC_NO_LIMITS, left - PlaceOf(::GetDlgItem(dialog, IDC_NO_LIMITS)).left);
 }
 
 } // namespace
 
 void LayOutMainDialog(HWND dialog, int tableWidth, bool isChinese) {
-    const double scale = ScaleOf(dialog);
+    const double scale = static_cast<double>(DotsPerInch(dialog)) / USER_DEFAULT_SCREEN_DPI;
     Resize(dialog, tableWidth, scale, isChinese);
     LayOutLimitRow(dialog, scale, isChinese);
     AlignRows(dialog);

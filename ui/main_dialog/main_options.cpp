@@ -1,6 +1,5 @@
 // The options of the main dialog: what they start with, what is restored, what a change leads to.
 #include "analysis/text/numbers.h"
-#include "config/dialog_choices.h"
 #include "config/remembered_settings.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
@@ -9,6 +8,7 @@
 #include "ui/main_dialog/main_controls.h"
 #include "ui/main_dialog/main_dialog.h"
 #include "ui/workers.h"
+#include "windows/controls.h"
 
 namespace orv {
 namespace {
@@ -24,20 +24,20 @@ constexpr wchar_t kOff[] = L"0";
 } // namespace
 
 void MainDialog::fillOptions(bool first) {
-    const HWND scales = control(IDC_GI_SCALE);
-    ::SendMessageW(scales, CB_RESETCONTENT, 0, 0);
+    const ComboBox scales(window(), IDC_GI_SCALE);
+    scales.clear();
     for (const wchar_t* scale : kGiScales)
-        ::SendMessageW(scales, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(scale));
-    ::SendMessageW(scales, CB_SETCURSEL, 0, 0);
+        scales.add(scale);
+    scales.select(0);
     if (first)
-        ::CheckDlgButton(window(), IDC_SAVE_SCENE_FILE, BST_CHECKED);
+        CheckBox(window(), IDC_SAVE_SCENE_FILE).check(true);
     restoreSettings();
 }
 
 void MainDialog::showLimits() {
     const bool hasLimits = data_.analysis.coronaState != CoronaLimitState::NoLimits;
     if (!hasLimits)
-        ::SetDlgItemTextW(window(), IDC_NO_LIMITS, ResourceText(IDS_NO_RENDERER_LIMITS).c_str());
+        Control(window(), IDC_NO_LIMITS).setText(ResourceText(IDS_NO_RENDERER_LIMITS));
     ShowControls(window(), kCoronaControls, hasLimits);
     ShowControls(window(), kNoLimitControls, !hasLimits);
     ShowControls(window(), kGiControls, !hasLimits); // Corona has no such pass
@@ -56,16 +56,15 @@ void MainDialog::restoreSetting(const RememberedValue& value) {
     switch (value.control.kind) {
     case RememberedKind::CheckBox:
         if (value.text == kOn || value.text == kOff) // anything else is no setting of ours
-            ::CheckDlgButton(window(), id, value.text == kOn ? BST_CHECKED : BST_UNCHECKED);
+            CheckBox(window(), id).check(value.text == kOn);
         break;
     case RememberedKind::DropDownList:
         if (value.text.size() == 1 && value.text[0] >= L'0' && value.text[0] <= L'3')
-            ::SendMessageW(control(id), CB_SETCURSEL, static_cast<WPARAM>(value.text[0] - L'0'), 0);
+            ComboBox(window(), id).select(value.text[0] - L'0');
         break;
     case RememberedKind::EditField: {
         const EditRule* rule = FindEditRule(id);
-        ::SetWindowTextW(control(id),
-                         (rule == nullptr ? value.text : TextByRule(*rule, value.text)).c_str());
+        Edit(window(), id).setText(rule == nullptr ? value.text : TextByRule(*rule, value.text));
         break;
     }
     case RememberedKind::RadioButton:
@@ -109,7 +108,7 @@ bool MainDialog::onOption(int id, int code) {
 
 std::int32_t MainDialog::blockMode() const {
     for (const int radio : kBlockRadios) {
-        if (IsChecked(window(), radio))
+        if (CheckBox(window(), radio).isChecked())
             return BlockModeOf(radio);
     }
     return kNoBlocks;
@@ -120,7 +119,7 @@ void MainDialog::takeBlocks() {
         return;
     data_.analysis.blockMode = blockMode();
     data_.analysis.blockCount =
-        ClampedWholeNumber(ControlText(window(), IDC_BLOCK_COUNT), kFewestBlocks, kMostBlocks);
+        ClampedWholeNumber(Edit(window(), IDC_BLOCK_COUNT).text(), kFewestBlocks, kMostBlocks);
 }
 
 void MainDialog::selectBlocks(int radioButton) {
@@ -129,9 +128,10 @@ void MainDialog::selectBlocks(int radioButton) {
 }
 
 void MainDialog::applyMaterialRule() {
-    if (IsMaterialChannelPossible(blockMode()) || !IsChecked(window(), IDC_MATERIAL_CHANNEL))
+    const CheckBox materialChannel(window(), IDC_MATERIAL_CHANNEL);
+    if (IsMaterialChannelPossible(blockMode()) || !materialChannel.isChecked())
         return;
-    ::CheckDlgButton(window(), IDC_MATERIAL_CHANNEL, BST_UNCHECKED);
+    materialChannel.check(false);
     ShowMessage(window(), IDS_MATERIAL_NEEDS_WHOLE_IMAGE, IDS_CAPTION_CHECK);
 }
 

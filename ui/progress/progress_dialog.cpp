@@ -1,11 +1,12 @@
 #include "ui/progress/progress_dialog.h"
 
-#include "config/dialog_choices.h"
 #include "config/submission_windows.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "ui/progress/progress_lines.h"
+#include "windows/controls.h"
+#include "windows/measures.h"
 
 #include <commctrl.h>
 
@@ -41,7 +42,7 @@ bool ProgressDialog::waitForScreen() {
 }
 
 bool ProgressDialog::onInit(LPARAM /*parameter*/) {
-    centreOverOwner();
+    CentreOverOwner(window());
     ::RemoveMenu(::GetSystemMenu(window(), FALSE), SC_CLOSE, MF_BYCOMMAND);
     ::SendMessageW(control(IDC_PROGRESS_BAR), PBM_SETMARQUEE, TRUE, kMarqueeMilliseconds);
     opened_ = ::GetTickCount64();
@@ -78,8 +79,8 @@ bool ProgressDialog::onTimer(UINT_PTR id) {
 void ProgressDialog::showLines() {
     shown_ = ::GetTickCount64();
     shownStage_ = data_.stage;
-    setText(IDC_PROGRESS_TEXT, ResourceText(StageText(shownStage_)));
-    setText(IDC_PROGRESS_TIME, TimeLine(shown_ - opened_));
+    Control(window(), IDC_PROGRESS_TEXT).updateText(ResourceText(StageText(shownStage_)));
+    Control(window(), IDC_PROGRESS_TIME).updateText(TimeLine(shown_ - opened_));
 
     const std::shared_ptr<const PackedFiles> files = data_.packedFiles();
     if (files == nullptr)
@@ -89,12 +90,7 @@ void ProgressDialog::showLines() {
         std::max(FileSize(files->archive), FileSize(files->archive + kUnfinishedSuffix));
     Replace(size, L"%1", MegabyteText(archive));
     Replace(size, L"%2", MegabyteText(FileSize(files->scene)));
-    setText(IDC_PROGRESS_SIZE, size);
-}
-
-void ProgressDialog::setText(int id, const std::wstring& text) {
-    if (ControlText(window(), id) != text)
-        ::SetDlgItemTextW(window(), id, text.c_str());
+    Control(window(), IDC_PROGRESS_SIZE).updateText(size);
 }
 
 // The system shows a modal dialog some time after onInit, whatever the flags are by then.

@@ -32,8 +32,6 @@ private:
     void handKeyboardToOwner() const;
     void leave();
     void showLines();
-    // Writes only what has changed, which would flicker otherwise.
-    void setText(int id, const std::wstring& text);
 
     const PluginData& data_;
     std::uint64_t opened_ = 0; // GetTickCount64

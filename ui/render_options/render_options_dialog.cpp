@@ -12,6 +12,8 @@
 #include "ui/render_options/output_formats.h"
 #include "ui/render_options/output_name_rule.h"
 #include "ui/skin/image_slots.h"
+#include "windows/controls.h"
+#include "windows/measures.h"
 
 #include <utility>
 
@@ -37,12 +39,12 @@ bool RenderOptionsDialog::onInit(LPARAM /*parameter*/) {
     for (const Toggle& toggle : kToggles)
         data_.imageSlots.push_back({toggle.pressed, false});
     if (data_.editsSeveralCameras)
-        ::SetWindowTextW(window(), ResourceText(IDS_OPTIONS_TITLE_SEVERAL).c_str());
+        Control(window()).setText(ResourceText(IDS_OPTIONS_TITLE_SEVERAL));
     fill();
     startFields();
     describePadlocks();
     placeButtons();
-    centreOverOwner();
+    CentreOverOwner(window());
     // A single camera's first value, or the first padlock, as all fields of several are locked.
     HWND first = control(data_.editsSeveralCameras ? IDC_OPTIONS_UNLOCK_SIZE : IDC_OPTIONS_WIDTH);
     ::SendMessageW(window(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(first), TRUE);
@@ -122,7 +124,7 @@ void RenderOptionsDialog::sizeTyped(int edited) {
     const std::wstring clean = std::to_wstring(value);
     if (clean != text(edited))
         setText(edited, clean);
-    const bool locked = IsChecked(window(), IDC_OPTIONS_ASPECT_LOCK) && aspect_ > 0.0;
+    const bool locked = CheckBox(window(), IDC_OPTIONS_ASPECT_LOCK).isChecked() && aspect_ > 0.0;
     if (locked) {
         if (edited == IDC_OPTIONS_WIDTH)
             setText(IDC_OPTIONS_HEIGHT, std::to_wstring(HeightFor(value, aspect_)));
@@ -210,8 +212,7 @@ CameraEdits RenderOptionsDialog::edits() {
     edits.setsFrame = isEnabled(IDC_OPTIONS_FRAME);
     edits.frame = WholeNumber(text(IDC_OPTIONS_FRAME));
     edits.setsView = isEnabled(IDC_OPTIONS_VIEW);
-    edits.isSpherical =
-        ::SendMessageW(control(IDC_OPTIONS_VIEW), CB_GETCURSEL, 0, 0) == kSphericalEntry;
+    edits.isSpherical = ComboBox(window(), IDC_OPTIONS_VIEW).selection() == kSphericalEntry;
     return edits;
 }
 
@@ -230,12 +231,12 @@ void RenderOptionsDialog::enableGroup(FieldGroup group, bool enabled) {
     for (const int id : ControlsOf(group).controls) {
         const bool needsSpinner = id == IDC_OPTIONS_ASPECT || id == IDC_OPTIONS_ASPECT_SPIN;
         if (id != 0)
-            ::EnableWindow(control(id), enabled && (hasSpinner_ || !needsSpinner));
+            Control(window(), id).enable(enabled && (hasSpinner_ || !needsSpinner));
     }
 }
 
 std::wstring RenderOptionsDialog::text(int id) const {
-    return ControlText(window(), id);
+    return Control(window(), id).text();
 }
 
 INT_PTR RunRenderOptions(HWND owner, PluginData& data, const std::vector<std::wstring>& cameras,

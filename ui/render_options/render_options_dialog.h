@@ -7,6 +7,7 @@
 #include "ui/render_options/render_options.h"
 #include "ui/render_options/toggle_pairs.h"
 #include "ui/skin/gdiplus_session.h"
+#include "windows/controls.h"
 
 #include <memory>
 #include <string>
@@ -57,8 +58,8 @@ private:
     void checkBlanks();
 
     void enableGroup(FieldGroup group, bool enabled);
-    bool isEnabled(int id) const { return ::IsWindowEnabled(control(id)) != FALSE; }
-    void show(int id, bool shown) { ::ShowWindow(control(id), shown ? SW_SHOW : SW_HIDE); }
+    bool isEnabled(int id) const { return Control(window(), id).isEnabled(); }
+    void show(int id, bool shown) { Control(window(), id).show(shown); }
     std::wstring text(int id) const;
     // Sets a text without taking it for the user's typing; the caret goes to its end.
     void setText(int id, const std::wstring& text);

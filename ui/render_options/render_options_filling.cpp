@@ -8,8 +8,8 @@
 #include "ui/render_options/output_formats.h"
 #include "ui/render_options/render_options_dialog.h"
 #include "ui/skin/image_slots.h"
-
-#include "base/dc.h"
+#include "windows/controls.h"
+#include "windows/measures.h"
 
 namespace orv {
 namespace {
@@ -19,22 +19,6 @@ constexpr WPARAM kMostDigits = 9; // any such number fits 32 bits
 constexpr WPARAM kMostNameCharacters = 260;
 
 constexpr float kAspectStep = 0.01F;
-
-void AddEntry(HWND list, const std::wstring& text) {
-    ::SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
-}
-
-void Select(HWND list, int entry) {
-    ::SendMessageW(list, CB_SETCURSEL, static_cast<WPARAM>(entry), 0);
-}
-
-RECT AreaOf(HWND control) {
-    RECT area = {};
-    ::GetWindowRect(control, &area);
-    // The two points of a rectangle follow each other as MapWindowPoints expects.
-    ::MapWindowPoints(nullptr, ::GetParent(control), reinterpret_cast<POINT*>(&area), 2);
-    return area;
-}
 
 } // namespace
 
@@ -51,27 +35,29 @@ void RenderOptionsDialog::fill() {
     putBack(FieldGroup::Format);
     putBack(FieldGroup::View);
     setText(IDC_OPTIONS_NAME, record().name);
-    ::SetDlgItemTextW(window(), IDC_OPTIONS_CAMERA, cameras_.front().c_str());
+    Control(window(), IDC_OPTIONS_CAMERA).setText(cameras_.front());
 }
 
 void RenderOptionsDialog::fillLists() {
     for (const std::wstring& format : OutputFormats())
-        AddEntry(control(IDC_OPTIONS_FORMAT), format);
-    AddEntry(control(IDC_OPTIONS_VIEW), ResourceText(IDS_CAMERA_NORMAL));
-    AddEntry(control(IDC_OPTIONS_VIEW), ResourceText(IDS_CAMERA_SPHERICAL));
+        ComboBox(window(), IDC_OPTIONS_FORMAT).add(format);
+    const ComboBox views(window(), IDC_OPTIONS_VIEW);
+    views.add(ResourceText(IDS_CAMERA_NORMAL));
+    views.add(ResourceText(IDS_CAMERA_SPHERICAL));
 }
 
 void RenderOptionsDialog::putBack(FieldGroup group) {
     switch (group) {
     case FieldGroup::View:
-        Select(control(IDC_OPTIONS_VIEW), record().isSpherical ? 1 : 0);
+        ComboBox(window(), IDC_OPTIONS_VIEW).select(record().isSpherical ? 1 : 0);
         break;
     case FieldGroup::Format:
-        Select(control(IDC_OPTIONS_FORMAT), FormatEntry(OutputFormats(), record().imageFormat));
+        ComboBox(window(), IDC_OPTIONS_FORMAT)
+            .select(FormatEntry(OutputFormats(), record().imageFormat));
         break;
     case FieldGroup::Size:
         putBackSize();
-        ::CheckDlgButton(window(), IDC_OPTIONS_ASPECT_LOCK, BST_CHECKED);
+        CheckBox(window(), IDC_OPTIONS_ASPECT_LOCK).check(true);
         if (hasSpinner_)
             orv_host_set_spinner_float(window(), IDC_OPTIONS_ASPECT_SPIN,
                                        static_cast<float>(aspect_));
@@ -97,13 +83,13 @@ void RenderOptionsDialog::setUpAspect() {
                       static_cast<float>(kSmallestAspect), static_cast<float>(kLargestAspect),
                       static_cast<float>(aspect_), kAspectStep) != 0;
     filling_ = false;
-    ::CheckDlgButton(window(), IDC_OPTIONS_ASPECT_LOCK, BST_CHECKED);
+    CheckBox(window(), IDC_OPTIONS_ASPECT_LOCK).check(true);
 }
 
 void RenderOptionsDialog::limitTyping() {
     for (const int id : {IDC_OPTIONS_WIDTH, IDC_OPTIONS_HEIGHT, IDC_OPTIONS_FRAME})
-        ::SendMessageW(control(id), EM_LIMITTEXT, kMostDigits, 0);
-    ::SendMessageW(control(IDC_OPTIONS_NAME), EM_LIMITTEXT, kMostNameCharacters, 0);
+        Edit(window(), id).limitTyping(kMostDigits);
+    Edit(window(), IDC_OPTIONS_NAME).limitTyping(kMostNameCharacters);
 }
 
 void RenderOptionsDialog::startFields() {
@@ -112,7 +98,7 @@ void RenderOptionsDialog::startFields() {
         enableGroup(group.group, !several);
     for (const int id :
          {IDC_OPTIONS_CAMERA_LABEL, IDC_OPTIONS_CAMERA, IDC_OPTIONS_NAME_LABEL, IDC_OPTIONS_NAME}) {
-        ::EnableWindow(control(id), !several || id == IDC_OPTIONS_NAME_LABEL);
+        Control(window(), id).enable(!several || id == IDC_OPTIONS_NAME_LABEL);
         show(id, !several);
     }
     showPadlocks();
@@ -139,19 +125,16 @@ void RenderOptionsDialog::updateImages() {
 
 // The padlocks show no text; what it says, a tip and a screen reader tell.
 void RenderOptionsDialog::describePadlocks() {
-    const int size = [this] {
-        const WindowDc dc(window());
-        return StateImageSize(dc ? ::GetDeviceCaps(dc.get(), LOGPIXELSX) : USER_DEFAULT_SCREEN_DPI);
-    }();
+    const int size = StateImageSize(DotsPerInch(window()));
     tips_ = std::make_unique<host::ToolTips>();
     for (const Toggle& toggle : kToggles) {
         HWND padlock = control(toggle.pressed);
         tips_->set(padlock, text(toggle.pressed));
         // The images are sharp at this size only: around the middle of the template's place.
-        const RECT area = AreaOf(padlock);
-        ::SetWindowPos(padlock, nullptr, (area.left + area.right - size) / 2,
-                       (area.top + area.bottom - size) / 2, size, size,
-                       SWP_NOZORDER | SWP_NOACTIVATE);
+        const RECT area = PlaceOf(padlock);
+        const LONG left = (area.left + area.right - size) / 2;
+        const LONG top = (area.top + area.bottom - size) / 2;
+        PlaceWindow(padlock, {left, top, left + size, top + size});
     }
 }
 
@@ -172,25 +155,21 @@ void RenderOptionsDialog::placeButtons() {
     };
     int top = position.top;
     for (const int id : {IDC_OPTIONS_APPLY, IDC_OPTIONS_CANCEL}) {
-        const RECT place =
-            area(position.left, top, kDialogWidth - 2 * position.left, kButtonHeight);
-        ::SetWindowPos(control(id), nullptr, place.left, place.top, place.right - place.left,
-                       place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+        PlaceWindow(control(id),
+                    area(position.left, top, kDialogWidth - 2 * position.left, kButtonHeight));
         top += kButtonStep;
     }
     RECT whole = area(0, 0, kDialogWidth, top - kButtonStep + kButtonHeight + kMargin);
     const auto style = static_cast<DWORD>(::GetWindowLongPtrW(window(), GWL_STYLE));
     const auto extended = static_cast<DWORD>(::GetWindowLongPtrW(window(), GWL_EXSTYLE));
     ::AdjustWindowRectEx(&whole, style, FALSE, extended);
-    ::SetWindowPos(window(), nullptr, 0, 0, whole.right - whole.left, whole.bottom - whole.top,
-                   SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    ResizeWindow(window(), whole.right - whole.left, whole.bottom - whole.top);
 }
 
 void RenderOptionsDialog::setText(int id, const std::wstring& text) {
     filling_ = true;
-    ::SetDlgItemTextW(window(), id, text.c_str());
+    Edit(window(), id).setTextAndCaret(text);
     filling_ = false;
-    ::SendDlgItemMessageW(window(), id, EM_SETSEL, text.size(), static_cast<LPARAM>(text.size()));
 }
 
 } // namespace orv

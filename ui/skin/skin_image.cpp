@@ -1,7 +1,7 @@
 #include "ui/skin/skin_image.h"
 
-#include "base/dc.h"
 #include "ui/skin/gdiplus_headers.h"
+#include "windows/measures.h"
 
 #include <cstddef>
 #include <cstring>
@@ -99,7 +99,7 @@ bool SkinImage::create(int width, int height, bool alpha) {
     if (width <= 0 || height <= 0)
         return false;
     BITMAPINFO info = {};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biSize = sizeof(info.bmiHeader);
     info.bmiHeader.biWidth = width;
     info.bmiHeader.biHeight = height; // positive: the last row comes first
     info.bmiHeader.biPlanes = 1;

@@ -1,4 +1,3 @@
-#include "base/dc.h"
 #include "base/handles.h"
 
 #include "tests/support/files.h"
@@ -223,30 +222,6 @@ TEST(Handles, FreeGlobalMemory) {
         EXPECT_GE(::GlobalSize(raw), 100U);
     }
     EXPECT_EQ(::GlobalSize(raw), 0U);
-}
-
-TEST(DcSelection, PutsTheFormerObjectBack) {
-    const MemoryDc dc(::CreateCompatibleDC(nullptr));
-    const BrushHandle brush(::CreateSolidBrush(RGB(1, 2, 3)));
-    const HGDIOBJ before = ::GetCurrentObject(dc.get(), OBJ_BRUSH);
-    {
-        const DcSelection selection(dc.get(), brush.get());
-        EXPECT_TRUE(selection);
-        EXPECT_EQ(::GetCurrentObject(dc.get(), OBJ_BRUSH), brush.get());
-    }
-    EXPECT_EQ(::GetCurrentObject(dc.get(), OBJ_BRUSH), before);
-}
-
-TEST(DcSelection, SaysThatNothingWasSelected) {
-    const MemoryDc dc(::CreateCompatibleDC(nullptr));
-    EXPECT_FALSE(DcSelection(dc.get(), nullptr));
-}
-
-TEST(WindowDc, LastsAsLongAsItsScope) {
-    const WindowDc dc(nullptr);
-    ASSERT_TRUE(dc);
-    EXPECT_EQ(::GetObjectType(dc.get()), static_cast<DWORD>(OBJ_DC));
-    EXPECT_FALSE(WindowDc(reinterpret_cast<HWND>(1)));
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 // The padlocks: loading them, drawing them, and what is left behind.
-#include "base/dc.h"
 #include "config/plugin_data.h"
 #include "resources/controls.h"
 #include "resources/text.h"
@@ -12,6 +11,7 @@
 #include "ui/skin/gdiplus_session.h"
 #include "ui/skin/image_slots.h"
 #include "ui/skin/skin_image.h"
+#include "windows/measures.h"
 
 #include <gtest/gtest.h>
 

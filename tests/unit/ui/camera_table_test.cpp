@@ -2,7 +2,8 @@
 
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "tests/unit/ui/test_window.h"
+#include "tests/support/test_window.h"
+#include "tests/unit/ui/ui_log.h"
 #include "ui/camera_table/scene_name_field.h"
 
 #include <gtest/gtest.h>

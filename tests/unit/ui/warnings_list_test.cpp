@@ -2,7 +2,8 @@
 
 #include "base/handles.h"
 #include "log/module_log.h"
-#include "tests/unit/ui/test_window.h"
+#include "tests/support/test_window.h"
+#include "tests/unit/ui/ui_log.h"
 
 #include <gtest/gtest.h>
 

@@ -1,13 +1,8 @@
-// Controls of their own and the dialogs' log, for tests of what fills controls.
+// Controls of the tests' own.
 #pragma once
 
 #include "base/noncopyable.h"
 #include "base/windows.h"
-#include "tests/support/log_lines.h"
-#include "tests/support/product_folder.h"
-
-#include <string>
-#include <vector>
 
 namespace orv {
 namespace test {
@@ -30,19 +25,6 @@ public:
 private:
     HWND parent_;
     HWND control_;
-};
-
-// "rud_ui", empty at the start of the test.
-class UiLog : private rud_Noncopyable {
-public:
-    // Without its time stamp; empty when nothing was written.
-    std::string lastLine() const {
-        const std::vector<std::string> lines = LogLines(folder_.log(L"rud_ui"));
-        return lines.empty() ? std::string() : lines.back();
-    }
-
-private:
-    TestProductFolder folder_;
 };
 
 } // namespace test
