@@ -5,6 +5,7 @@
 #include <json/reader.h>
 
 #include <algorithm>
+#include <functional>
 
 namespace orv {
 
@@ -72,7 +73,6 @@ bool HasLongCommentRun(const std::string& json) {
     return false;
 }
 
-
 ParseOutcome ParseReportJson(const std::string& json, Json::Value& report) {
     try {
         Json::Reader reader;
@@ -87,8 +87,20 @@ ParseOutcome ParseReportJson(const std::string& json, Json::Value& report) {
     }
 }
 
-bool ParseReport(const std::wstring& reportText, Json::Value& report) {
-    return ParseReportJson(WideToUtf8(reportText), report) == ParseOutcome::Parsed;
+std::size_t HashOfReport(const std::wstring& reportText) {
+    return std::hash<std::wstring>()(reportText);
+}
+
+std::shared_ptr<const ReportDocument> ReportOf(SceneAnalysis& analysis) {
+    const std::size_t hash = HashOfReport(analysis.reportText);
+    if (analysis.report != nullptr && analysis.report->textHash == hash)
+        return analysis.report;
+    analysis.report.reset();
+    const auto document = std::make_shared<ReportDocument>();
+    document->textHash = hash;
+    if (ParseReportJson(WideToUtf8(analysis.reportText), document->root) == ParseOutcome::Parsed)
+        analysis.report = document;
+    return analysis.report;
 }
 
 const Json::Value& MemberOf(const Json::Value& object, const char* member) {

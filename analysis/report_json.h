@@ -1,9 +1,12 @@
 // The report as JSON, and the reading of its members.
 #pragma once
 
+#include "config/scene_analysis.h"
+
 #include <json/value.h>
 
-#include <cstdint>
+#include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -24,8 +27,20 @@ enum class ParseOutcome {
 // in a row. The offsets of the values are those in `json`. Throws only when memory runs out.
 ParseOutcome ParseReportJson(const std::string& json, Json::Value& report);
 
-// The same for the report's text as it was read; false for every outcome but Parsed.
-bool ParseReport(const std::wstring& reportText, Json::Value& report);
+// A parsed report. A scene with many files has a report of many megabytes, and parsing it takes
+// longer than everything else that is done with it: an analysis parses its report once.
+struct ReportDocument {
+    Json::Value root;
+    std::size_t textHash = 0; // of the text that the root stands for
+};
+
+// std::hash of a report's text, by which a document and its text recognise each other.
+std::size_t HashOfReport(const std::wstring& reportText);
+
+// The document of `analysis.reportText`: the one that the analysis left in `analysis.report`, or,
+// where the text is another one by now, a newly parsed one, which is put there. Null, with
+// `analysis.report` null, when the text is not JSON or is nested too deeply.
+std::shared_ptr<const ReportDocument> ReportOf(SceneAnalysis& analysis);
 
 // The paths of the two long lists, each up to its first zero character; they point into the report.
 struct ReportPaths {

@@ -7,6 +7,7 @@
 #include "log/module_log.h"
 
 #include <exception>
+#include <memory>
 #include <new>
 #include <utility>
 
@@ -23,6 +24,7 @@ void BeginRead(SceneAnalysis& analysis) {
     analysis.tips.clear();
     analysis.duplicateCameraNames.clear();
     analysis.hasIllegalReference = false;
+    analysis.report.reset();
 }
 
 // The report's text is far larger than all the rest, so it stays out of copies.
@@ -69,14 +71,17 @@ int ReadInOrder(const Json::Value& report, const ReportPaths& paths, ReferenceFi
 
 // Reads into a copy, so that a read that ends half-way, as when memory runs out, leaves nothing
 // behind.
-int ReadWhole(const Json::Value& report, const ReportPaths& paths, SceneAnalysis& analysis) {
+int ReadWhole(const std::shared_ptr<ReportDocument>& document, const ReportPaths& paths,
+              SceneAnalysis& analysis) {
     SceneAnalysis filled = CopyWithoutText(analysis);
     ReferenceFindings references = CheckReferences(paths.referenced);
-    const int result = ReadInOrder(report, paths, references, filled);
+    const int result = ReadInOrder(document->root, paths, references, filled);
     Log(kInfo, "Analysis report read: " + std::to_string(filled.cameras.size()) + " cameras, " +
                    std::to_string(filled.messages.size()) + " messages.");
     // From here, nothing can fail any more.
-    RemoveIllegalReferences(report, references, analysis.reportText);
+    RemoveIllegalReferences(references, document->root, analysis.reportText);
+    document->textHash = HashOfReport(analysis.reportText);
+    filled.report = document;
     filled.reportText.swap(analysis.reportText);
     analysis = std::move(filled);
     return result;
@@ -96,17 +101,17 @@ int ReadNothing(SceneAnalysis& analysis) {
 }
 
 int Read(SceneAnalysis& analysis) {
-    Json::Value report;
-    const ParseOutcome outcome = ParseReportJson(WideToUtf8(analysis.reportText), report);
+    const auto document = std::make_shared<ReportDocument>();
+    const ParseOutcome outcome = ParseReportJson(WideToUtf8(analysis.reportText), document->root);
     if (outcome == ParseOutcome::NotJson)
         return ReadNothing(analysis);
     if (outcome == ParseOutcome::TooDeep)
         return Refuse(analysis, "it is nested more than 1000 levels deep");
     ReportPaths paths;
-    const std::string fault = FindReportFault(report, paths);
+    const std::string fault = FindReportFault(document->root, paths);
     if (!fault.empty())
         return Refuse(analysis, fault);
-    return ReadWhole(report, paths, analysis);
+    return ReadWhole(document, paths, analysis);
 }
 
 } // namespace
@@ -134,12 +139,12 @@ std::size_t LastSeparator(const std::string& path) {
 } // namespace
 
 std::string InitSceneName(SceneAnalysis& analysis) {
-    Json::Value report;
-    if (!ParseReport(analysis.reportText, report)) {
+    const std::shared_ptr<const ReportDocument> report = ReportOf(analysis);
+    if (report == nullptr) {
         AddMessage(analysis, kWarn, "Parse failed in initing scene name!");
         return {};
     }
-    const std::string path = TextOf(MemberOf(report, "name"));
+    const std::string path = TextOf(MemberOf(report->root, "name"));
     const std::size_t separator = LastSeparator(path);
     if (separator == std::string::npos) {
         AddMessage(analysis, kWarn, "The scene name is empty!");

@@ -190,17 +190,19 @@ void ListIllegalReferences(ReferenceFindings& findings, SceneAnalysis& analysis)
                                  std::make_move_iterator(findings.illegalPaths.end()));
 }
 
-void RemoveIllegalReferences(const Json::Value& report, const ReferenceFindings& findings,
+void RemoveIllegalReferences(const ReferenceFindings& findings, Json::Value& report,
                              std::wstring& text) {
     if (findings.illegalEntries.empty())
         return;
-    const Json::Value& references = MemberOf(report, "reference_file");
+    Json::Value& references = report["reference_file"];
     TextShortener shortener(text);
     shortener.keepUntil(Begin(references) + 1); // with the opening bracket
     std::size_t index = 0;
     auto illegal = findings.illegalEntries.begin();
     bool isFirst = true;
-    for (const Json::Value& entry : references) {
+    auto kept = references.begin();
+    Json::ArrayIndex keptCount = 0;
+    for (Json::Value& entry : references) {
         const bool isIllegal = illegal != findings.illegalEntries.end() && *illegal == index;
         ++index;
         if (isIllegal) {
@@ -212,9 +214,14 @@ void RemoveIllegalReferences(const Json::Value& report, const ReferenceFindings&
             shortener.put(L',');
         isFirst = false;
         shortener.keepUntil(End(entry));
+        if (&*kept != &entry)
+            (*kept).swap(entry);
+        ++kept;
+        ++keptCount;
     }
     shortener.dropUntil(End(references) - 1); // up to the closing bracket
     shortener.keepRest();
+    references.resize(keptCount);
 }
 
 // The image, the cameras and what follows them.

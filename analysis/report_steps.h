@@ -34,9 +34,9 @@ ReferenceFindings CheckReferences(const std::vector<const char*>& paths);
 void WarnOfCyrillicReferences(const ReferenceFindings& findings, SceneAnalysis& analysis);
 // Moves the illegal paths into the list of problem files.
 void ListIllegalReferences(ReferenceFindings& findings, SceneAnalysis& analysis);
-// Takes the illegal entries out of `text`, which `report` was parsed from. Everything else of it
-// stays as it is. Needs no memory, so that it cannot fail.
-void RemoveIllegalReferences(const Json::Value& report, const ReferenceFindings& findings,
+// Takes the illegal entries out of `report` and out of `text`, which it was parsed from. Everything
+// else of both stays as it is. Needs no memory, so that it cannot fail.
+void RemoveIllegalReferences(const ReferenceFindings& findings, Json::Value& report,
                              std::wstring& text);
 
 // What every camera has in common, read once before the cameras.

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,8 @@ struct CameraInfo {
 // The cameras by the name that the report gives them.
 using CameraMap = std::map<std::wstring, CameraInfo>;
 
+struct ReportDocument; // analysis/report_json.h
+
 struct SceneAnalysis {
     std::wstring reportText; // the analysis report, JSON
     std::vector<std::wstring> problemFiles;
@@ -56,6 +59,8 @@ struct SceneAnalysis {
     bool hasIllegalReference = false;
 
     std::wstring reportPath; // the file that the report was read from
+    // The report, parsed: for as long as reportText is the text that it was parsed from (ReportOf).
+    std::shared_ptr<const ReportDocument> report;
 
     std::string sceneFileName;     // UTF-8, last part of the scene's path
     std::string sceneFilePath;     // UTF-8, the scene's full path

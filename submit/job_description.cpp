@@ -14,6 +14,11 @@
 #include <json/value.h>
 #include <json/writer.h>
 
+#include <algorithm>
+#include <iterator>
+#include <memory>
+#include <utility>
+
 namespace orv {
 namespace {
 
@@ -34,8 +39,7 @@ Json::Value CameraJson(const std::wstring& name, const CameraInfo& camera) {
 }
 
 // The cameras that are checked; the member is missing when none is.
-void SetCameras(const SceneAnalysis& analysis, Json::Value& job) {
-    job.removeMember("cameras");
+void AddCameras(const SceneAnalysis& analysis, Json::Value& job) {
     for (const auto& entry : analysis.cameras) {
         if (entry.second.selected)
             job["cameras"].append(CameraJson(entry.first, entry.second));
@@ -49,37 +53,32 @@ bool IsText(const Json::Value& value, const std::string& text) {
            text.compare(0, std::string::npos, begin, static_cast<std::size_t>(end - begin)) == 0;
 }
 
-// Leaves an entry nothing but its path.
-void ReduceToPath(Json::Value& entry) {
-    if (entry.isObject() && entry.size() == 1 && MemberOf(entry, "path").isString())
-        return;
-    Json::Value reduced;
-    reduced["path"] = TextOf(MemberOf(entry, "path"));
-    entry.swap(reduced);
+bool IsPathOf(const Json::Value& path, const std::string& file) {
+    return path.isString() ? IsText(path, file) : TextOf(path) == file;
 }
 
-// The referenced files except the scene itself; the member is missing when none is left. In place:
-// scenes refer to a hundred thousand files, and copying the list takes as long as reading it did.
-void SetReferences(const SceneAnalysis& analysis, Json::Value& job) {
-    if (!MemberOf(job, "reference_file").isArray()) {
-        job.removeMember("reference_file");
+// An entry without anything but its path.
+Json::Value ReducedToPath(const Json::Value& entry) {
+    const Json::Value& path = MemberOf(entry, "path");
+    if (entry.isObject() && entry.size() == 1 && path.isString())
+        return entry;
+    Json::Value reduced;
+    reduced["path"] = TextOf(path);
+    return reduced;
+}
+
+// The referenced files except the scene itself; the member is missing when none is left.
+void AddReferences(const Json::Value& report, const SceneAnalysis& analysis, Json::Value& job) {
+    const Json::Value& references = MemberOf(report, "reference_file");
+    if (!references.isArray())
         return;
+    Json::Value kept(Json::arrayValue);
+    for (const Json::Value& entry : references) {
+        if (!IsPathOf(MemberOf(entry, "path"), analysis.sceneFilePath))
+            kept.append(ReducedToPath(entry));
     }
-    Json::Value& references = job["reference_file"];
-    Json::ArrayIndex count = 0;
-    auto next = references.begin();
-    for (Json::Value& entry : references) {
-        ReduceToPath(entry);
-        if (IsText(entry["path"], analysis.sceneFilePath))
-            continue;
-        if (&*next != &entry)
-            (*next).swap(entry);
-        ++next;
-        ++count;
-    }
-    references.resize(count);
-    if (count == 0)
-        job.removeMember("reference_file");
+    if (!kept.empty())
+        job["reference_file"] = std::move(kept);
 }
 
 void SetBlocking(const SceneAnalysis& analysis, Json::Value& job) {
@@ -127,17 +126,40 @@ Json::Value CoronaOptions(const SceneAnalysis& analysis) {
     return options;
 }
 
-// What is not named here passes from the report to the job unchanged.
-void WorkChoicesIn(const SceneAnalysis& analysis, const JobPaths& paths, Json::Value& job) {
-    SetReferences(analysis, job);
-    if (!MemberOf(job, "errors").isNull())
-        job.removeMember("errors");
+// The members of a report that a job has with other values.
+constexpr const char* kReplaced[] = {"cameras", "name", "reference_file"};
+
+bool PassesThrough(const std::string& member, const Json::Value& value) {
+    if (member == "errors")
+        return value.isNull();
+    return std::find(std::begin(kReplaced), std::end(kReplaced), member) == std::end(kReplaced);
+}
+
+// The members and comments of a report that pass into the job unchanged.
+Json::Value PassedThrough(const Json::Value& report) {
+    Json::Value job(Json::objectValue);
+    for (auto member = report.begin(); member != report.end(); ++member) {
+        if (PassesThrough(member.name(), *member))
+            job[member.name()] = *member;
+    }
+    for (const auto place :
+         {Json::commentBefore, Json::commentAfterOnSameLine, Json::commentAfter}) {
+        if (report.hasComment(place))
+            job.setComment(report.getComment(place), place);
+    }
+    return job;
+}
+
+Json::Value JobOf(const Json::Value& report, const SceneAnalysis& analysis, const JobPaths& paths) {
+    Json::Value job = PassedThrough(report);
+    AddReferences(report, analysis, job);
     job["name"] = paths.scenePath;
-    SetCameras(analysis, job);
+    AddCameras(analysis, job);
     SetBlocking(analysis, job);
     job["max_options"] = MaxOptions(analysis, paths);
     if (analysis.useCorona)
         job["corona_options"] = CoronaOptions(analysis);
+    return job;
 }
 
 // For a caller that has not collected the options before. The file keeps what was collected.
@@ -216,10 +238,10 @@ bool Fail(HWND dialog, const char* logLine) {
 
 bool WriteJobDescription(SceneAnalysis& analysis, const SubmissionChoices& choices, HWND dialog,
                          JobPaths& paths, const std::wstring& baseName, std::string& requestBody) {
-    Json::Value job;
-    if (!ParseReport(analysis.reportText, job) || !job.isObject())
+    const std::shared_ptr<const ReportDocument> report = ReportOf(analysis);
+    if (report == nullptr || !report->root.isObject())
         return Fail(dialog, "Parse failed in writing json file when submiting!");
-    WorkChoicesIn(analysis, paths, job);
+    const Json::Value job = JobOf(report->root, analysis, paths);
     RefreshChannels(analysis, choices);
 
     EnsureFolder(paths.jsonDir);

@@ -13,7 +13,8 @@ namespace orv {
 // its full path into `paths.jsonDir`. `requestBody` receives the request (UTF-8 JSON). The folder's
 // last level is made when missing. On a report that is not JSON or a file that cannot be opened a
 // message box is shown over `dialog`, false is returned, and `paths` and `requestBody` stay as they
-// were. The format is described in docs/job-description.md.
+// were. Parses the report only where `analysis.report` is not of its text. The format is described
+// in docs/job-description.md.
 bool WriteJobDescription(SceneAnalysis& analysis, const SubmissionChoices& choices, HWND dialog,
                          JobPaths& paths, const std::wstring& baseName, std::string& requestBody);
 

@@ -96,6 +96,9 @@ TEST(EveryReport, KeepsItsLegalReferencesAndEverythingElse) {
         Json::Value kept;
         ASSERT_TRUE(ParseReport(analysis.reportText, kept));
         EXPECT_EQ(kept, expected);
+        ASSERT_NE(analysis.report, nullptr);
+        EXPECT_EQ(analysis.report->root, expected);
+        EXPECT_EQ(analysis.report->textHash, HashOfReport(analysis.reportText));
         if (Count(report["reference_file"], IsIllegal) == 0) {
             EXPECT_EQ(analysis.reportText, ReportText(report)) << "to the last character";
         }

@@ -1,9 +1,12 @@
 #include "analysis/report_json.h"
+#include "tests/unit/analysis/sample_report.h"
 
 #include <gtest/gtest.h>
 
 namespace orv {
 namespace {
+
+using test::ParseReport;
 
 TEST(ParseReport, RefusesWhatIsNotJson) {
     for (const wchar_t* text : {L"", L"   ", L"no", L"{", L"{\"a\":}", L"\xFEFF{}"}) {

@@ -1,5 +1,6 @@
 #include "tests/unit/analysis/sample_report.h"
 
+#include "analysis/report_json.h"
 #include "analysis/text/text_convert.h"
 #include "tests/system/abi/program_folder.h"
 
@@ -38,6 +39,15 @@ Json::Value ParseJson(const std::string& text) {
     if (!Json::Reader().parse(text, value))
         throw std::invalid_argument("no JSON: " + text);
     return value;
+}
+
+bool ParseReport(const std::wstring& reportText, Json::Value& report) {
+    SceneAnalysis analysis;
+    analysis.reportText = reportText;
+    const std::shared_ptr<const ReportDocument> document = ReportOf(analysis);
+    if (document != nullptr)
+        report = document->root;
+    return document != nullptr;
 }
 
 Json::Value SampleReport() {

@@ -14,11 +14,14 @@ Json::Value SampleReport();
 
 Json::Value ParseJson(const std::string& text);
 
+// Parses a report's text on its own. False when it is not JSON or is nested too deeply.
+bool ParseReport(const std::wstring& reportText, Json::Value& report);
+
 // `report` as the text that a run of the parser leaves.
 std::wstring ReportText(const Json::Value& report);
 
 // Reads `report` into a new analysis; the reader's code goes to `result`. The report is added to
-// the file analysis-reports.jsonl in the current folder, one object a line, with the member
+// the file analysis-reports.jsonl beside the test program, one object a line, with the member
 // "refused" that says whether the reader refused it: the schema of the report is held against it.
 SceneAnalysis ReadReport(const Json::Value& report, int& result);
 

@@ -1,5 +1,6 @@
 #include "submit/job_description.h"
 
+#include "analysis/report_json.h"
 #include "analysis/text/text_convert.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
@@ -165,6 +166,27 @@ TEST_F(JobDescription, IsExactToTheByte) {
     switchEverythingOn();
     ASSERT_TRUE(write());
     EXPECT_EQ(jobBytes(), WithCrLf(kGolden));
+}
+
+// A document that says something else than its text shows which of the two is read.
+TEST_F(JobDescription, DoesNotParseTheReportOfTheAnalysisAgain) {
+    ReportDocument document;
+    document.root["app_version"] = "of the document";
+    document.textHash = HashOfReport(analysis_.reportText);
+    analysis_.report = std::make_shared<const ReportDocument>(document);
+    EXPECT_EQ(job()["app_version"].asString(), "of the document");
+    EXPECT_EQ(analysis_.report->root, document.root) << "and leaves it as it is, for the next job";
+    analysis_.reportText = Utf8ToWide(R"({"app_version": "of the text"})");
+    EXPECT_EQ(job()["app_version"].asString(), "of the text");
+}
+
+TEST_F(JobDescription, KeepsTheCommentsOfTheReport) {
+    analysis_.reportText = L"// by the parser\n{\"a\": 1, // of a\n\"b\": 2}\n// the end\n";
+    job();
+    const std::string bytes = jobBytes();
+    EXPECT_NE(bytes.find("// by the parser"), std::string::npos) << bytes;
+    EXPECT_NE(bytes.find("\"a\" : 1, // of a"), std::string::npos) << bytes;
+    EXPECT_NE(bytes.find("// the end"), std::string::npos) << bytes;
 }
 
 TEST_F(JobDescription, CarriesPlainOptions) {
