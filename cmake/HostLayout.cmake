@@ -18,8 +18,9 @@ if(NOT MSVC)
     -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror -fno-strict-aliasing
     # The host's interfaces hide overloads of their bases and pass through extensions of Visual C++.
-    -Wno-microsoft -Wno-overloaded-virtual
-    -DUNICODE -D_UNICODE -DWINVER=0x0601 -D_WIN32_WINNT=0x0601 -DNOMINMAX -DWIN32_LEAN_AND_MEAN -DSTRICT)
+    -Wno-microsoft -Wno-overloaded-virtual)
+  list(TRANSFORM ORV_WINDOWS_DEFINITIONS PREPEND -D OUTPUT_VARIABLE definitions)
+  list(APPEND ORV_HOST_LAYOUT_FLAGS ${definitions})
   if(CMAKE_BUILD_TYPE STREQUAL "Debug")
     list(APPEND ORV_HOST_LAYOUT_FLAGS -O0 -gdwarf-4)
   else()

@@ -1,7 +1,12 @@
 # Warnings of our own code are errors; system and dependency headers are included as SYSTEM.
+
+# The Windows that the product needs and what its headers leave out. The checks of the sources read the same file.
+set(definitions ${CMAKE_SOURCE_DIR}/cmake/windows-definitions.txt)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${definitions})
+file(STRINGS ${definitions} ORV_WINDOWS_DEFINITIONS)
+
 add_library(orv_options INTERFACE)
-target_compile_definitions(orv_options INTERFACE
-  UNICODE _UNICODE WINVER=0x0601 _WIN32_WINNT=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN STRICT)
+target_compile_definitions(orv_options INTERFACE ${ORV_WINDOWS_DEFINITIONS})
 if(MSVC)
   # What the host demands of its plug-ins: run-time type information, exceptions that structured ones pass
   # through, the run-time as a DLL (below). Off are the warnings that the SDK's own projects turn off; they

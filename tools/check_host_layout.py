@@ -9,10 +9,10 @@ import subprocess
 import sys
 from pathlib import Path
 
-from source_tree import text_of, tracked_files
+from source_tree import folders, text_of, tracked_files
 
 OBJDUMP = "x86_64-w64-mingw32-objdump"
-FOLDERS = ("plugin/", "host/")
+FOLDERS = folders(("plugin", "host"))
 GNU_SIDE = ("plugin/gnu_runtime.cpp", "host/host.cpp")  # compiled by GCC, whose thread-locals are calls
 WORDS = re.compile(r"\bthread_local\b|\b__thread\b|__declspec\s*\(\s*thread\s*\)|\b_Thread_local\b")
 COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)

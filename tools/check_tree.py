@@ -6,16 +6,10 @@ Prints one line for each fault and ends with 1 when there was any."""
 import re
 import sys
 
-from source_tree import ROOT, Includes, text_of, tracked_files
-
-# Upper folders may use the folders below them, never the other way round. `resources` and `host` stand
-# beside: whoever needs a text or the host may use them, and they use `base` alone.
-ORDER = ["plugin", "ui", "submit", "analysis", "client", "config", "windows", "log", "analysis/text", "base"]
-BESIDE = ["resources", "host"]
-PRODUCT = ORDER + BESIDE
+from source_tree import BESIDE, ORDER, PRODUCT, ROOT, Includes, folders, text_of, tracked_files
 
 # Only these may include the headers of the host's SDK.
-SDK_USERS = ("plugin/", "host/", "standin/", "tests/")
+SDK_USERS = folders(("plugin", "host", "standin", "tests"))
 
 # One regular expression a line; what it stands for is in the file itself.
 FORBIDDEN = "tools/forbidden-words.txt"
@@ -90,6 +84,16 @@ def cycles(includes):
             yield f"include cycle: {cycle}"
 
 
+# What a program leaves behind when it is run in the tree.
+LEFT_BEHIND = re.compile(r"(^|/)(__pycache__/|golden-actual/)|\.(pyc|pyo|obj|o|exe|dll|gup|jsonl)$")
+
+
+def left_behind(names):
+    for name in names:
+        if LEFT_BEHIND.search(name):
+            yield f"{name}: is made by a program and does not belong into the tree"
+
+
 def dead_links(names):
     """Links of our pages that lead to no file of ours."""
     for name in names:
@@ -104,7 +108,7 @@ def main():
     names = tracked_files()
     includes = Includes(names)
     faults = [*forbidden_words(names), *folder_order(includes), *sdk_fence(includes), *cycles(includes),
-              *dead_links(names)]
+              *dead_links(names), *left_behind(names)]
     for fault in faults:
         print(fault)
     print(f"{len(names)} files, {len(includes.sources)} sources, {len(faults)} faults")

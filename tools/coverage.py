@@ -13,10 +13,10 @@ import sys
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-from source_tree import ROOT
+from source_tree import PRODUCT, ROOT, folders
 
 GCOV = "x86_64-w64-mingw32-gcov-posix"
-FOLDERS = ("base", "resources", "host", "log", "config", "client", "analysis", "submit", "ui", "plugin")
+FOLDERS = tuple(dict.fromkeys(folder.split("/")[0] for folder in folders(PRODUCT)))
 LINES, BRANCHES = 95.0, 85.0
 
 

@@ -27,14 +27,16 @@ dev_lint() {
 # Off: passedByValue, as the compilers' checks have it off: a text that another thread or a caller's
 # temporary gives is handed over whole.
 lint_cppcheck() {
-  local sources
+  local sources folders definitions
+  mapfile -t folders < <(python3 tools/source_tree.py product)
+  mapfile -t definitions < <(python3 tools/source_tree.py definitions)
   mapfile -t sources < <(git ls-files -co --exclude-standard '*.cpp' | existing |
-    grep -E '^(base|resources|host|analysis|log|config|client|submit|ui|plugin|standin)/')
+    grep -E "^($(IFS='|' && printf '%s' "${folders[*]}")|standin/)")
   mkdir -p "$build_dir/lint/cppcheck"
   cppcheck --quiet --language=c++ --std=c++14 --platform=win64 -j "$(nproc)" --error-exitcode=1 \
     --enable=warning,performance,portability --suppress=passedByValue --inline-suppr \
     --cppcheck-build-dir="$build_dir/lint/cppcheck" \
-    -I. -DUNICODE -D_UNICODE -D_WIN32 -D_WIN64 -DWIN32_LEAN_AND_MEAN "${sources[@]}"
+    -I. -D_WIN32 -D_WIN64 "${definitions[@]}" "${sources[@]}"
 }
 
 existing() {

@@ -1,11 +1,35 @@
-"""What the checks know of the source tree: its files, and which of our own files each one includes."""
+"""What the checks know of the source tree: its folders and files, and which of our own files each one includes.
+
+source_tree.py product prints the product's folders, source_tree.py definitions what its sources are compiled with."""
 
 import re
 import subprocess
+import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^">]+)[">]', re.MULTILINE)
+
+
+# The product's folders, from the upper to the lower. A folder may use those behind it, never those before it.
+ORDER = ("plugin", "ui", "submit", "analysis", "client", "config", "windows", "log", "analysis/text", "base")
+# These stand beside: whoever needs a text or the host may use them, and they use `base` alone.
+BESIDE = ("resources", "host")
+PRODUCT = (*ORDER, *BESIDE)
+
+
+def folders(names):
+    """The folders as prefixes of file names. A folder that is not there is an error: what was to be checked
+    in it would pass unseen."""
+    missing = [name for name in names if not (ROOT / name).is_dir()]
+    if missing:
+        raise SystemExit(f"there is no folder {', '.join(missing)}: it was moved, or the list of folders is wrong")
+    return tuple(name + "/" for name in names)
+
+
+def windows_definitions():
+    """The definitions that every source is compiled with, as options of a compiler."""
+    return ["-D" + line for line in (ROOT / "cmake/windows-definitions.txt").read_text().split()]
 
 
 def tracked_files():
@@ -53,3 +77,8 @@ class Includes:
                     seen.add(other)
                     waiting.append(other)
         return seen
+
+
+if __name__ == "__main__":
+    answers = {"product": lambda: folders(PRODUCT), "definitions": windows_definitions}
+    print("\n".join(answers[sys.argv[1]]()))

@@ -12,11 +12,10 @@ import sys
 from pathlib import Path
 
 from checked import check_sources
-from source_tree import ROOT
+from source_tree import PRODUCT, ROOT, folders
 
 COMPILER = "x86_64-w64-mingw32-g++-posix"
-CHECKED = ("base/", "resources/", "host/", "analysis/", "log/", "config/", "windows/", "client/", "submit/", "ui/",
-           "plugin/")
+CHECKED = folders(PRODUCT)
 
 
 def system_includes():
@@ -29,12 +28,12 @@ def system_includes():
     return [folder for folder in folders if "/lib/gcc/" not in folder or "/c++" in folder]
 
 
-def sources_of(build_tree, folders):
+def sources_of(build_tree, checked):
     entries = json.loads((build_tree / "compile_commands.json").read_text())
     for entry in entries:
         name = os.path.relpath(os.path.join(entry["directory"], entry["file"]), ROOT)
         command = entry.get("command") or " ".join(entry["arguments"])
-        if COMPILER in command.split()[0] and name.startswith(folders) and name.endswith(".cpp"):
+        if COMPILER in command.split()[0] and name.startswith(checked) and name.endswith(".cpp"):
             yield name
 
 
@@ -56,7 +55,7 @@ def commands_for_clang(build_tree, folder):
 def main():
     build_tree, stamps = Path(sys.argv[1]), Path(sys.argv[2])
     commands = commands_for_clang(build_tree, stamps / "commands")
-    folders = CHECKED + tuple(sys.argv[3:])
+    checked = CHECKED + folders(name.rstrip("/") for name in sys.argv[3:])
     arguments = ["--extra-arg-before=--target=x86_64-w64-mingw32", "--extra-arg=-Wno-unknown-warning-option"]
     arguments += [f"--extra-arg=-isystem{folder}" for folder in system_includes()]
 
@@ -66,7 +65,7 @@ def main():
         return None if run.returncode == 0 else run.stdout + run.stderr
 
     configuration = (ROOT / ".clang-tidy").read_bytes() + " ".join(arguments).encode()
-    return check_sources(sorted(set(sources_of(build_tree, folders))), configuration, stamps, check)
+    return check_sources(sorted(set(sources_of(build_tree, checked))), configuration, stamps, check)
 
 
 if __name__ == "__main__":

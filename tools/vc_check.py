@@ -14,10 +14,10 @@ import sys
 from pathlib import Path
 
 from checked import check_sources
-from source_tree import ROOT, text_of, tracked_files
+from source_tree import PRODUCT, ROOT, folders, text_of, tracked_files, windows_definitions
 
 COMPILER = "clang++-19"
-PRODUCT = ("base/", "resources/", "host/", "analysis/", "log/", "config/", "windows/", "client/", "submit/", "ui/", "plugin/")
+CHECKED = folders(PRODUCT)
 # These two take the place of Visual C++'s own start-up library where it is not the compiler.
 GNU_ONLY = ("host/layout_runtime.cpp", "plugin/gnu_runtime.cpp")
 
@@ -28,8 +28,7 @@ GDIPLUS = Path("/usr/x86_64-w64-mingw32/include")
 FLAGS = [
     "--target=x86_64-pc-windows-msvc", "-fms-compatibility-version=19.00", "-fms-extensions", "-nostdinc++",
     "-D_UCRT", "-D_LIBCPP_NO_VCRUNTIME", "-DWINE_UNICODE_NATIVE", "-D_MT", "-D_DLL",
-    "-DUNICODE", "-D_UNICODE", "-DWINVER=0x0601", "-D_WIN32_WINNT=0x0601", "-DNOMINMAX", "-DWIN32_LEAN_AND_MEAN",
-    "-DSTRICT", "-fexceptions", "-fcxx-exceptions", "-Wall", "-Wextra", "-Wshadow", "-Werror",
+    *windows_definitions(), "-fexceptions", "-fcxx-exceptions", "-Wall", "-Wextra", "-Wshadow", "-Werror",
 ]
 REFUSED_BY_2015 = re.compile(r"no matching constructor for initialization of|constexpr function")
 
@@ -116,12 +115,12 @@ def main():
                    or "constexpr function is a C++14 extension" in line]
         return "\n".join(refused) or None
 
-    headers = [n for n in tracked_files() if n.startswith(PRODUCT) and n.endswith(".h")]
+    headers = [n for n in tracked_files() if n.startswith(CHECKED) and n.endswith(".h")]
     in_headers = [fault for name in headers for fault in gnu_words(name)]
     if in_headers:
         print("\n".join(in_headers))
         return 1
-    sources = [n for n in tracked_files() if n.startswith(PRODUCT) and n.endswith(".cpp") and n not in GNU_ONLY]
+    sources = [n for n in tracked_files() if n.startswith(CHECKED) and n.endswith(".cpp") and n not in GNU_ONLY]
     version = run(["--version"]).stdout
     configuration = b"".join(
         [Path(__file__).read_bytes(), (ROOT / "tools/vc/lacking.h").read_bytes(), version.encode()])
