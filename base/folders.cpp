@@ -32,7 +32,7 @@ std::wstring SettingsFile() {
 }
 
 std::wstring ReadGeneralSetting(const wchar_t* key) {
-    // A buffer of its own for each value: what is missing is empty, never the value read before it.
+    // A new buffer for each value: a missing key reads as empty, never as the value read before it.
     std::array<wchar_t, kSettingBufferSize> value{};
     ::GetPrivateProfileStringW(kGeneralSection, key, L"", value.data(),
                                static_cast<DWORD>(value.size()), SettingsFile().c_str());

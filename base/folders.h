@@ -6,7 +6,7 @@
 namespace orv {
 
 // The all-users application data folder as the shell names it (CSIDL 0x23), for example
-// C:\ProgramData. Empty when the shell cannot tell.
+// C:\ProgramData. Empty when the shell fails.
 std::wstring CommonAppDataFolder();
 
 // CommonAppDataFolder() + "/Orv Rendering": backslashes from the shell, then a slash, both kept.

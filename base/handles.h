@@ -1,5 +1,5 @@
-// Owners of the Windows handles that the product uses: one type for each kind, because both the
-// value that means "none" and the function that gives the handle back differ from kind to kind.
+// Owners of the Windows handles that the product uses: one type for each kind, because the value
+// that means "none" and the function that closes the handle differ from kind to kind.
 #pragma once
 
 #include "base/windows.h"
@@ -31,11 +31,11 @@ public:
     Value get() const noexcept { return value_; }
     explicit operator bool() const noexcept { return value_ != Kind::none(); }
 
-    // Gives the handle to the caller, who has to close it.
+    // Releases the handle to the caller, which has to close it.
     Value release() noexcept { return std::exchange(value_, Kind::none()); }
 
-    // Closes the handle, if any, and takes over `value`. Taking over the handle already owned keeps
-    // it.
+    // Closes the handle, if any, and takes ownership of `value`. Resetting to the handle that is
+    // already owned has no effect.
     void reset(Value value = Kind::none()) noexcept {
         if (value == value_)
             return;

@@ -2,7 +2,7 @@
 
 namespace orv {
 
-// Base of classes of which copies make no sense.
+// Base class for types that must not be copied.
 class rud_Noncopyable {
 public:
     rud_Noncopyable(const rud_Noncopyable&) = delete;

@@ -1,5 +1,5 @@
-// The product's version: the one place that says it. The resource compiler and the build read this
-// header too, so it holds nothing but macros.
+// The product's version, stated once. The resource compiler and the build read this header, too, so
+// it has nothing but macros.
 #pragma once
 
 #define ORV_VERSION "1.3.7"

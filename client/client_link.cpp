@@ -40,7 +40,7 @@ namespace {
 // The client's whole reply, status line and headers included. It answers in a few hundred bytes.
 constexpr int kReplySize = 2048;
 
-// Connecting and receiving have always been logged in the same words.
+// Failures of connecting and of receiving share this log text.
 constexpr char kConnectError[] = "connect error, Error Code is: ";
 
 ExchangeFailure FailureOf(const std::string& logText, DWORD code) {
@@ -110,15 +110,15 @@ bool SendAll(SOCKET socket, const std::string& bytes, ExchangeFailure& failure) 
     return true;
 }
 
-// One read and no more: the client sends its reply in one piece, and nothing in it is relied upon
-// to tell where it ends.
+// Reads once: the client sends its reply in one piece, and its length is not taken from its
+// headers.
 bool ReceiveOnce(SOCKET socket, std::string& reply, ExchangeFailure& failure, HANDLE endEvent) {
     if (endEvent != nullptr && !WaitForReply(socket, endEvent)) {
         failure = FailureOf("receive ended by request, Error Code is: ", 0);
         return false;
     }
     const std::unique_ptr<char[]> buffer(new char[kReplySize]);
-    ::SetLastError(0); // a connection that was closed in order sets no code of its own
+    ::SetLastError(0); // an orderly close sets no error code
     const int received = ::recv(socket, buffer.get(), kReplySize, 0);
     const DWORD code = ::GetLastError();
     if (received <= 0) {
@@ -165,7 +165,7 @@ int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ow
 
     const std::string json = JsonInReply(reply);
     if (json.empty()) {
-        // An answer that is not the client's is no fault of this program, hence the level.
+        // INFO, because a reply of another program is not an error of the plug-in.
         log.write("find '{' failed.", kInfo);
         ShowSubmissionMessage(ownerWindow, ResourceText(IDS_REPLY_WITHOUT_JSON), caption, MB_OK,
                               marker);

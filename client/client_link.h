@@ -46,13 +46,12 @@ bool SendAll(SOCKET socket, const std::string& bytes, ExchangeFailure& failure);
 bool ReceiveOnce(SOCKET socket, std::string& reply, ExchangeFailure& failure,
                  HANDLE endEvent = nullptr);
 
-// Sends `requestBody` (UTF-8 JSON) to the client, waits for one reply of at most 2048 bytes, shows
-// its message over `ownerWindow` (may be null) and returns its code, or kNoReply after a message
-// that says what went wrong. Winsock must be started (see WinsockSession). Blocks for as long as
-// the system's own time-outs and as its message is open: call it from a worker thread. Logs to
-// "rud_http". The connection is closed before any message is shown. `PluginData::endSubmission`
-// ends the wait for the reply: then the result is kNoReply, a line in the log says so, and nothing
-// is shown.
+// Sends `requestBody` (UTF-8 JSON) to the client, receives one reply of at most 2048 bytes, shows
+// its message over `ownerWindow` (may be null) and returns its code. On a failure it shows an error
+// message and returns kNoReply. Requires a WinsockSession. Blocks until the system's time-outs end
+// and its message is closed: for worker threads. Logs to "rud_http". Closes the connection before
+// it shows a message. `PluginData::endSubmission` ends the wait for the reply: then it logs that,
+// shows nothing and returns kNoReply.
 int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ownerWindow);
 
 } // namespace orv

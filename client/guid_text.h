@@ -10,7 +10,7 @@ namespace orv {
 // system cannot make one.
 std::wstring MakeGuidText();
 
-// Where a GUID comes from; CoCreateGuid is one.
+// A function that makes GUIDs, such as CoCreateGuid.
 using GuidSource = HRESULT(WINAPI*)(GUID*);
 std::wstring MakeGuidText(GuidSource source);
 

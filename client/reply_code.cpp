@@ -40,8 +40,7 @@ const ReplyCode kReplyCodes[] = {
      "Camera name can not have special characters, please modify and re-submit!"},
 };
 
-// JsonCpp reports bad text by its result, and too deep a nesting or a number that is none by an
-// exception.
+// JsonCpp returns false for malformed text and throws for excessive nesting and invalid numbers.
 Reply ReadReplyOrThrow(const std::string& replyText) {
     Reply reply;
     Json::Reader reader;

@@ -1,4 +1,4 @@
-// What the client's reply means for the user and for the log.
+// The client's reply codes, with their messages and log lines.
 #pragma once
 
 #include "base/windows.h"
@@ -9,23 +9,23 @@ namespace orv {
 
 class ModuleLog;
 
-// Reply code of a job that the client took.
+// Reply code of an accepted job.
 constexpr int kReplyAccepted = 10001;
-// Reply code of a refusal that the client words itself, in member "err".
+// Reply code of a refusal whose message is the member "err".
 constexpr int kReplyOwnWords = 10010;
 
-// Stands for the code of an exchange that brought none.
+// Result of an exchange without a reply code.
 constexpr int kNoReply = -1;
 
 // One known reply code.
 struct ReplyCode {
     int code;
     const char* severity; // level word of the log line
-    unsigned textId;      // the message; 0 for the client's own words
-    const char* logText;  // the log line; null for the client's own words
+    unsigned textId;      // the message; 0 for the text of "err"
+    const char* logText;  // the log line; null for the text of "err"
 };
 
-// The table's row for a code, null for a code that means nothing to the plug-in.
+// The table's row for a code, null for an unknown code.
 const ReplyCode* FindReplyCode(int code);
 
 // A reply, read.
@@ -36,12 +36,11 @@ struct Reply {
     std::string ownWords;     // "err", UTF-8
 };
 
-// Reads a reply. Whatever the text holds, no exception leaves: what cannot be read is not readable.
+// Parses a reply. Never throws: malformed text gives a reply that is not readable.
 Reply ReadReply(const std::string& replyText);
 
 // Shows the message of the reply over `ownerWindow` (may be null), writes its line to `log` and
-// returns its code. A code without a row shows and logs nothing. A reply that cannot be read gives
-// kNoReply.
+// returns its code. Unknown codes show and log nothing. Returns kNoReply for an unreadable reply.
 int ReplyCodeMessage(const std::string& replyText, HWND ownerWindow, ModuleLog& log);
 
 } // namespace orv

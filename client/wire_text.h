@@ -15,8 +15,8 @@ struct ClientLink {
 // The request that carries `body` (UTF-8 JSON, taken as it is) to the client.
 std::string HttpRequest(const ClientLink& link, const std::string& body);
 
-// The JSON text in the client's reply: from its first "{" to its end, or to a zero byte. Empty when
-// there is none. Status line and headers before it do not matter.
+// The JSON text in the client's reply: from its first "{" to its end, or to a zero byte. Ignores
+// the status line and the headers. Empty when the reply has no "{".
 std::string JsonInReply(const std::string& reply);
 
 } // namespace orv

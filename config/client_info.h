@@ -1,4 +1,4 @@
-// What the product knows of its folders and of the local client: plain data.
+// The product's paths and the connection to the local client.
 #pragma once
 
 #include "base/windows.h"
@@ -36,8 +36,8 @@ using JobPaths = ClientInfo;
 // MiB are read. False, with the system's error code in `error`, when the file cannot be read.
 bool ReadWideText(HANDLE file, std::wstring& text, DWORD& error);
 
-// Sets `address` to all that follows the first "=" of `text`, untrimmed. False, with `address`
-// unchanged, when there is no "=".
+// Sets `address` to all that follows the first "=" of `text`, untrimmed. Returns false and leaves
+// `address` unchanged when `text` has no "=".
 bool TakeCustomAddress(const std::wstring& text, std::wstring& address);
 
 } // namespace orv

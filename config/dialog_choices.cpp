@@ -155,7 +155,7 @@ bool AnswerTakeChoices(HWND dialog, UINT message, WPARAM wParam) noexcept {
     try {
         ChoicesRequest::answer(wParam, dialog);
     } catch (...) {
-        // The request stays without an answer; whoever made it logs that.
+        // The request gets no answer; its sender logs that.
     }
     return true;
 }

@@ -78,7 +78,7 @@ int PluginData::readCustomAddress(ClientInfo& info) {
     FileHandle file(::CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) {
-        // No file is the usual case, so this is no error.
+        // Usually there is no file, so this is not an error.
         writeLog(kInfo, "CreateFile error no:" + std::to_string(::GetLastError()));
         return 0;
     }

@@ -18,8 +18,7 @@
 
 namespace orv {
 
-// Has no data: the dialog finds everything in PluginData. The dialog's initialisation parameter is
-// the address of the one instance.
+// The main dialog's initialisation parameter. Has no data: the dialog reads PluginData.
 class OrvRenderingConfigMgr : private rud_Noncopyable {
 public:
     // The instance, built on first use.
@@ -48,7 +47,7 @@ public:
     bool loadClientInfo(ClientInfo& info);
 
     // Writes a line to the "rud_data" log. `level` is kInfo, kWarn or kError. Safe from any thread:
-    // the dialog and the workers all write this log, which has no lock of its own.
+    // the dialog and the workers all write this log.
     void writeLog(const std::string& level, const std::string& message);
 
     SceneAnalysis analysis;
@@ -73,8 +72,8 @@ public:
     std::atomic<std::uint64_t> submitStarted{0}; // GetTickCount64
     EndRequest endSubmission;                    // without its job
 
-    // What the submission that runs packs; null before that. Each value is made once and never
-    // changed, so that the reader keeps a whole one.
+    // The files that the running submission packs; null before it packs. Values are immutable, so
+    // that a reader's value stays whole.
     void setPackedFiles(std::shared_ptr<const PackedFiles> files) {
         std::atomic_store(&packedFiles_, std::move(files));
     }

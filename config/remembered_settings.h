@@ -1,4 +1,4 @@
-// Keeping the dialog's options in the settings file until the dialog is opened again.
+// The options of the main dialog that the settings file remembers.
 #pragma once
 
 #include "base/windows.h"
@@ -40,8 +40,8 @@ std::wstring settingKeyName(int id);
 // depends on them.
 void saveRememberedSettings(const SubmissionChoices& choices);
 
-// The same for what stands in `dialog`, the main dialog, from any thread of the process. A dialog
-// that is gone changes nothing.
+// The same for the current state of the main dialog `dialog`, from any thread of the process. Has
+// no effect when the dialog is gone.
 void saveRememberedSettings(HWND dialog);
 
 struct RememberedValue {
@@ -49,12 +49,12 @@ struct RememberedValue {
     std::wstring text;
 };
 
-// What the settings file holds, in the order of RememberedControls(). Keys that it has not are left
-// out.
+// The remembered values of the settings file, in the order of RememberedControls(). Missing keys
+// are left out.
 std::vector<RememberedValue> ReadRememberedSettings();
 
-// The selection that is written for a drop-down list: 1, 2 and 3 are kept, anything else, no
-// selection among it, is the first entry.
+// The selection to write for a drop-down list: 1, 2 and 3 as they are, 0 for anything else, -1 (no
+// selection) included.
 int RememberedSelection(std::int32_t selection);
 
 } // namespace orv

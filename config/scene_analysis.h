@@ -1,5 +1,5 @@
-// What is known of the open scene after its analysis, and what the user chose for it: plain data
-// that depends on nothing, so that every folder can share it.
+// The open scene after its analysis, and the user's options for it: plain data that includes
+// nothing of the product, so that every folder can use it.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +24,7 @@ enum class CoronaLimitState : std::int32_t {
 };
 
 struct CameraInfo {
-    std::wstring name; // output name: the camera's name without characters that may not stand in it
+    std::wstring name;           // output name: the camera's name without forbidden characters
     std::int32_t width = 0;      // pixels
     std::int32_t height = 0;     // pixels
     std::int32_t startFrame = 0; // the frame to render

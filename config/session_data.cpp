@@ -19,7 +19,7 @@ void LogFailure(const wchar_t* section, const std::string& what) {
     PluginData::instance().writeLog(kWarn, "Session data " + WideToUtf8(section) + ": " + what);
 }
 
-// How much of the longest value the view has: a section may be smaller.
+// The readable size of a view, at most kLongestValue: a section may be smaller.
 std::size_t SizeOf(const void* view) {
     MEMORY_BASIC_INFORMATION region{};
     if (::VirtualQuery(view, &region, sizeof(region)) == 0 || region.State != MEM_COMMIT)
@@ -27,9 +27,9 @@ std::size_t SizeOf(const void* view) {
     return std::min<std::size_t>(region.RegionSize, kLongestValue);
 }
 
-// Copies before looking: the client may be writing at this moment. The pages behind the view may be
-// reserved only, or lost with a network drive, and touching one would end the host. Windows copies
-// them for us, or says that it cannot: nothing is copied then.
+// Copies the view before it is read: the client may be writing. Pages of the view may be reserved
+// only, or lost with a network drive, and an access would end the host. ReadProcessMemory fails for
+// such pages; then nothing is copied.
 std::vector<char> CopyOf(const void* view) {
     std::vector<char> bytes(SizeOf(view));
     SIZE_T copied = 0;

@@ -1,4 +1,4 @@
-// What the farm's client tells through shared memory.
+// The session data that the farm's client publishes in shared memory.
 #pragma once
 
 #include <string>
@@ -12,10 +12,10 @@ struct SessionData {
     bool present = false;      // both values were read
 };
 
-// Reads the two named sections that the client fills with UTF-8 text ending in a zero byte, each of
-// at most 4096 bytes. A section that does not exist ends the reading silently: no client, no
-// session data. A value without its zero byte or that is no UTF-8 ends it with a line in
-// "rud_data". What was not read keeps its value in `data`.
+// Reads the client's two named sections: zero-terminated UTF-8, at most 4096 bytes each. Returns
+// silently at a section that does not exist: without the client there is no session data. Returns
+// with a line in "rud_data" at a value that is not terminated or not UTF-8. Members that were not
+// read keep their values.
 void readSessionData(SessionData& data);
 
 } // namespace orv

@@ -1,4 +1,4 @@
-// What the user has chosen in the main dialog at the moment of submitting: plain data.
+// The user's choices in the main dialog at the moment of submitting: plain data.
 #pragma once
 
 #include "config/scene_analysis.h"

@@ -1,4 +1,4 @@
-// What the dialog, the submission and its progress window know of each other.
+// The state that the dialog, the submission and its progress window share.
 #pragma once
 
 #include "base/handles.h"
@@ -15,7 +15,7 @@ constexpr std::int32_t kWorkerNone = -1;
 constexpr std::int32_t kWorkerRunning = 0;
 constexpr std::int32_t kWorkerFinished = 11;
 
-// What a submission is at, for the user to see.
+// The stage of a submission, for display.
 enum class SubmissionStage : std::int32_t {
     Checking,
     Saving,
@@ -25,7 +25,7 @@ enum class SubmissionStage : std::int32_t {
     Sending,
 };
 
-// What a submission packs: full paths.
+// The files of a submission that packs: full paths.
 struct PackedFiles {
     std::wstring scene;
     std::wstring archive;

@@ -27,7 +27,7 @@ HeldDialog::HeldDialog(HWND dialog) : dialog_(dialog), holds_(::IsWindow(dialog)
 HeldDialog::~HeldDialog() {
     if (!holds_ || --holds != 0)
         return;
-    ::EnableWindow(dialog_, TRUE); // to no avail where a submission has begun meanwhile
+    ::EnableWindow(dialog_, TRUE); // has no effect when a submission has begun meanwhile
     if (::IsWindowEnabled(dialog_))
         giveKeyboardBack();
 }
@@ -46,7 +46,7 @@ void HeldDialog::giveKeyboardBack() const {
     thread.cbSize = sizeof(thread);
     if (::GetGUIThreadInfo(::GetWindowThreadProcessId(dialog_, nullptr), &thread) &&
         ::IsChild(dialog_, thread.hwndFocus))
-        return; // the dialog has seen to it
+        return; // the dialog has set it already
     ::SendMessageW(dialog_, WM_NEXTDLGCTL, 0, FALSE);
 }
 
@@ -112,7 +112,7 @@ bool IsProgressOver() {
 int ShowSubmissionMessage(HWND owner, const std::wstring& text, const std::wstring& caption,
                           UINT type, const std::wstring& languageMarker) {
     if (PluginData::instance().endSubmission.isMade())
-        return IDCANCEL; // nobody waits for an answer any more
+        return IDCANCEL; // the submission is about to end
     const HeldDialog held(owner);
     const ProgressHold hold;
     const int button = ShowMessage(owner, text, caption, type, languageMarker);

@@ -10,8 +10,8 @@
 
 namespace orv {
 
-// Keeps `dialog` disabled from its construction to its destruction; where several live, until the
-// last one goes. A dialog that is gone is ignored.
+// Keeps `dialog` disabled for a scope; where several exist, until the last one is destroyed.
+// Ignores a dialog that is gone.
 //
 // A modal dialog and a message box each enable their owner when they go. The progress window and
 // the message boxes of a submission come and go on two threads in any order: whichever goes first
@@ -32,22 +32,21 @@ private:
     const bool holds_;
 };
 
-// What the dialog does about WM_ENABLE: one that is held and was enabled is disabled again, before
-// its thread takes the next input. Returns whether that was so.
+// The main dialog's answer to WM_ENABLE: disables `dialog` again when it was enabled while held,
+// before its thread processes further input. Returns whether it did so.
 bool DisableHeldDialogAgain(HWND dialog, bool enabled);
 
-// Ends the progress window. Without a running progress worker nothing happens.
+// Ends the progress window. Has no effect without a running progress worker.
 void EndProgress();
 
-// Keeps the progress window off the screen while it lives, so that a message box has no window
-// beside it that says something else, and none that takes the keyboard. The constructor returns
-// when the window is off the screen, which takes one period of its timer at most. Does nothing
-// without a running progress worker. One within another changes nothing. Not for the progress
-// worker.
+// Hides the progress window for a scope, so that it neither shows beside a message box nor takes
+// the keyboard from it. The constructor returns when the window is hidden, within one period of its
+// timer. Has no effect without a running progress worker. Nested holds have no effect. Not for the
+// progress worker.
 class ProgressHold : private rud_Noncopyable {
 public:
-    // A thread that owns the dialog passes false: the window leaves the screen at its next tick,
-    // and what it sends meanwhile has to be served.
+    // The dialog's thread passes false: it has to process what the window sends until its next
+    // timer tick hides it.
     explicit ProgressHold(bool waitsForScreen = true);
     ~ProgressHold();
 
@@ -55,26 +54,25 @@ private:
     bool holds_ = false;
 };
 
-// The progress worker's side. Each change of the screen asks first: a window that opens or comes
-// back while a message box opens would take the keyboard from it.
+// The progress worker's side. The worker asks before it shows its window: a window that opens while
+// a message box opens would take the keyboard from it.
 
 // Takes the screen for the progress window; false, with nothing taken, while a ProgressHold lives.
 bool TakeScreenForProgress();
 
-// Says that the progress window is off the screen and does not come back by itself.
+// Reports that the progress window is hidden and stays hidden until the screen is taken again.
 void LeaveScreenOfProgress();
 
-// Whether the progress window has no reason to be there any more: its end was asked for, or no
-// submission runs. A submission that ended before the progress worker had begun shows in the submit
-// worker's state alone.
+// Whether the progress window should end: its end was requested, or no submission runs. The submit
+// worker's state counts, too: the submission may end before the progress worker begins.
 bool IsProgressOver();
 
 // Shows a message box of a submission over its dialog `owner` (may be null or closed meanwhile:
-// then the box stands alone) and returns the id of the button that was pressed, 0 when the box
-// could not be shown. Once the end of the submission was requested it shows nothing and returns
-// IDCANCEL. The progress window is off the screen before the box opens and until it is
-// closed. The keyboard goes back to `owner`. `type` is that of MessageBoxExW, the language follows
-// the text of the language marker. For the submit worker.
+// then the box has no owner). Returns the id of the pressed button, 0 when the box could not be
+// shown. Shows nothing and returns IDCANCEL once the end of the submission was requested. The
+// progress window is hidden while the box is open. The keyboard focus returns to `owner`. `type` is
+// that of MessageBoxExW; the language follows the text of the language marker. For the submit
+// worker.
 int ShowSubmissionMessage(HWND owner, const std::wstring& text, const std::wstring& caption,
                           UINT type, const std::wstring& languageMarker);
 

@@ -22,8 +22,8 @@ ORV_HOST_SIZES(ORV_ASSERT_SIZE)
 ORV_HOST_OFFSETS(ORV_ASSERT_OFFSET)
 
 // Only a derived class may name a protected member, and only as its own. Its constructor is
-// declared because no compiler could make one; nobody defines or calls it. offsetof of a class with
-// virtual functions is up to the compiler: those in use answer it, clang with a warning.
+// declared because no compiler could make one; it is never defined or called. offsetof of a class
+// with virtual functions is up to the compiler: those in use answer it, clang with a warning.
 #ifdef __clang__
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Winvalid-offsetof"

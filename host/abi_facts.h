@@ -10,8 +10,9 @@
 // virtual function does not tell its entry in a constant expression. The same test compares the ids
 // of interfaces, which the headers make by a constructor.
 //
-// tests/system/abi calls the host's objects and the plug-in's by the numbers that stand here,
-// without any header of the host, and reads private members, which nobody can name, from objects.
+// tests/system/abi calls the host's objects and the plug-in's by these numbers,
+// without any header of the host, and reads private members, which have no accessible name, from
+// objects.
 #pragma once
 
 // clang-format off

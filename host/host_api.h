@@ -39,7 +39,7 @@ int orv_host_run_script(const wchar_t* text, FPValue* result);
 FPValue* orv_host_value_create(void);
 void orv_host_value_destroy(FPValue* value);
 
-// Whether nobody sits before the host: it runs in its quiet mode or as a network renderer. Zero
+// Whether the host runs unattended: in its quiet mode or as a network renderer. Zero
 // when it cannot say.
 int orv_host_is_unattended(void);
 
@@ -54,10 +54,11 @@ int orv_host_setup_float_spinner(HWND dialog, int spinner, int edit, float minim
                                  float value, float step);
 int orv_host_setup_int_spinner(HWND dialog, int spinner, int edit, int minimum, int maximum,
                                int value);
-// A spinner of the host tells its dialog by this message that the user has changed its value; the
+// A spinner of the host sends this message to its dialog when the user has changed its value; the
 // spinner's id is the low word of the first parameter.
 enum { orv_host_spinner_changed = WM_USER + 600 };
-// Value of a spinner; 0 when the control is no spinner of the host. Setting it tells nobody.
+// Value of a spinner; 0 when the control is no spinner of the host. Setting it sends no
+// notification.
 float orv_host_spinner_float(HWND dialog, int spinner);
 void orv_host_set_spinner_float(HWND dialog, int spinner, float value);
 int orv_host_spinner_int(HWND dialog, int spinner);

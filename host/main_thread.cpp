@@ -1,4 +1,4 @@
-// The hand-over is a message to a window of our own that nobody sees: a sent message is served by
+// Calls are handed over by a message to a hidden window: a sent message is served by
 // every message loop of the host's thread, that of a modal dialog too, and its sender waits for the
 // answer.
 #include "host/main_thread.h"

@@ -1,4 +1,4 @@
-// What the library tells the host about its one class.
+// The class descriptor: describes the library's one class to the host.
 #pragma once
 
 #include "max.h"

@@ -44,7 +44,7 @@
 #define IDC_PASS_LIMIT 1054
 #define IDC_GI_CHANNEL 1056
 #define IDC_GI_SCALE 1057
-#define IDC_NO_WARNINGS 1201 // stands in the list's place while it is empty
+#define IDC_NO_WARNINGS 1201 // replaces the empty list
 
 // Main dialog: render elements and output.
 #define IDC_AO_SUBDIVS_SPIN 1046
@@ -71,7 +71,7 @@
 #define IDC_TIME_LIMIT_UNIT 1063
 #define IDC_LIMITS_NOTE 1060
 #define IDC_LIMITS_BOX 1052
-#define IDC_NO_LIMITS 1071 // stands in the limits' place for any other renderer
+#define IDC_NO_LIMITS 1071 // replaces the limits for any other renderer
 #define IDC_NO_LIMITS_BOX 1204
 
 // Main dialog: boxes that grow or move with the window.

@@ -37,7 +37,7 @@ int ShowMessage(HWND owner, const std::wstring& text, const std::wstring& captio
     const int button = ::MessageBoxExW(owner, text.c_str(), caption.c_str(), type, language);
     if (button > 0 || owner == nullptr || ::IsWindow(owner))
         return button;
-    // The user closed the dialog while a submission ran: its end is told all the same.
+    // The user closed the dialog while a submission ran: its messages still appear.
     return ::MessageBoxExW(nullptr, text.c_str(), caption.c_str(), type | MB_SETFOREGROUND,
                            language);
 }

@@ -13,9 +13,9 @@ std::wstring ResourceText(unsigned id);
 // Language of message boxes by the text of language marker 57: English for exactly "0", else 1.
 WORD MessageBoxLanguage(const std::wstring& marker);
 
-// A message box owned by `owner` (may be null, and may have been closed meanwhile: then it stands
-// alone), with the plug-in's own themed controls; returns the button's id, 0 when the box could not
-// be shown. Its language follows the language marker.
+// Shows a message box with themed controls, owned by `owner` (may be null or closed meanwhile: then
+// the box has no owner). Returns the button's id, 0 when the box could not be shown. Its language
+// follows the language marker.
 int ShowMessage(HWND owner, const std::wstring& text, const std::wstring& caption,
                 UINT type = MB_OK);
 
