@@ -19,14 +19,6 @@ void Socket::close(Value value) noexcept {
     ::closesocket(value);
 }
 
-void Module::close(Value value) noexcept {
-    ::FreeLibrary(value);
-}
-
-void Icon::close(Value value) noexcept {
-    ::DestroyIcon(value);
-}
-
 void GlobalBlock::close(Value value) noexcept {
     ::GlobalFree(value);
 }

@@ -84,18 +84,6 @@ struct Socket {
     static void close(Value value) noexcept;
 };
 
-struct Module {
-    using Value = HMODULE;
-    static Value none() noexcept { return nullptr; }
-    static void close(Value value) noexcept;
-};
-
-struct Icon {
-    using Value = HICON;
-    static Value none() noexcept { return nullptr; }
-    static void close(Value value) noexcept;
-};
-
 struct GlobalBlock {
     using Value = HGLOBAL;
     static Value none() noexcept { return nullptr; }
@@ -128,8 +116,6 @@ using FileMappingHandle = Owner<handle_kinds::Kernel<struct FileMappingTag>>;
 using FindHandle = Owner<handle_kinds::Find>;
 using MappedView = Owner<handle_kinds::View>; // the address that MapViewOfFile returned
 using SocketHandle = Owner<handle_kinds::Socket>;
-using ModuleHandle = Owner<handle_kinds::Module>;
-using IconHandle = Owner<handle_kinds::Icon>;
 using GlobalMemory = Owner<handle_kinds::GlobalBlock>;
 using FontHandle = Owner<handle_kinds::Gdi<HFONT>>;
 using BrushHandle = Owner<handle_kinds::Gdi<HBRUSH>>;

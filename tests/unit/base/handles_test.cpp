@@ -88,10 +88,9 @@ TEST_F(OwnerTest, ClosesTheOldHandleWhenItTakesANewOne) {
 
 template<class Handle>
 class EachOwner : public testing::Test {};
-using AllOwners =
-    testing::Types<FileHandle, ProcessHandle, ThreadHandle, EventHandle, FileMappingHandle,
-                   FindHandle, MappedView, SocketHandle, ModuleHandle, IconHandle, GlobalMemory,
-                   FontHandle, BrushHandle, BitmapHandle, MemoryDc>;
+using AllOwners = testing::Types<FileHandle, ProcessHandle, ThreadHandle, EventHandle, JobHandle,
+                                 FileMappingHandle, FindHandle, MappedView, SocketHandle,
+                                 GlobalMemory, FontHandle, BrushHandle, BitmapHandle, MemoryDc>;
 TYPED_TEST_SUITE(EachOwner, AllOwners);
 
 TYPED_TEST(EachOwner, CanBeMovedAndNotCopied) {
@@ -173,17 +172,6 @@ TEST(Handles, CloseSockets) {
     ::WSACleanup();
 }
 
-TEST(Handles, FreeModules) {
-    const wchar_t* name = L"msimg32.dll";
-    ASSERT_EQ(::GetModuleHandleW(name), nullptr);
-    {
-        const ModuleHandle module(::LoadLibraryW(name));
-        ASSERT_TRUE(module);
-        EXPECT_NE(::GetModuleHandleW(name), nullptr);
-    }
-    EXPECT_EQ(::GetModuleHandleW(name), nullptr);
-}
-
 TEST(Handles, DeleteGdiObjectsAndContexts) {
     HGDIOBJ brush = nullptr;
     HGDIOBJ dc = nullptr;
@@ -197,21 +185,6 @@ TEST(Handles, DeleteGdiObjectsAndContexts) {
     }
     EXPECT_EQ(::GetObjectType(brush), 0U);
     EXPECT_EQ(::GetObjectType(dc), 0U);
-}
-
-TEST(Handles, DestroyIcons) {
-    const BYTE bits[32 * 4] = {};
-    HICON raw = nullptr;
-    ICONINFO info{};
-    {
-        const IconHandle icon(::CreateIcon(nullptr, 32, 32, 1, 1, bits, bits));
-        ASSERT_TRUE(icon);
-        raw = icon.get();
-        ASSERT_TRUE(::GetIconInfo(raw, &info));
-        const BitmapHandle mask(info.hbmMask);
-        const BitmapHandle color(info.hbmColor);
-    }
-    EXPECT_FALSE(::GetIconInfo(raw, &info));
 }
 
 TEST(Handles, FreeGlobalMemory) {
