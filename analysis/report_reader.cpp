@@ -2,6 +2,7 @@
 
 #include "analysis/report_json.h"
 #include "analysis/report_steps.h"
+#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "config/plugin_data.h"
 #include "log/module_log.h"
@@ -127,17 +128,6 @@ int ReadAnalysisReport(SceneAnalysis& analysis) {
     }
 }
 
-namespace {
-
-// A slash anywhere wins over every backslash: the parser writes slashes, and a backslash is then
-// part of a name.
-std::size_t LastSeparator(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    return slash != std::string::npos ? slash : path.rfind('\\');
-}
-
-} // namespace
-
 std::string InitSceneName(SceneAnalysis& analysis) {
     const std::shared_ptr<const ReportDocument> report = ReportOf(analysis);
     if (report == nullptr) {
@@ -145,12 +135,12 @@ std::string InitSceneName(SceneAnalysis& analysis) {
         return {};
     }
     const std::string path = TextOf(MemberOf(report->root, "name"));
-    const std::size_t separator = LastSeparator(path);
-    if (separator == std::string::npos) {
+    const std::size_t nameStart = SceneFileNameStart(path);
+    if (nameStart == 0) {
         AddMessage(analysis, kWarn, "The scene name is empty!");
         return {};
     }
-    analysis.sceneFileName = path.substr(separator + 1);
+    analysis.sceneFileName = path.substr(nameStart);
     analysis.sceneFilePath = path;
     return analysis.sceneFileName;
 }

@@ -1,8 +1,7 @@
 #include "analysis/report_steps.h"
 
-#include "analysis/reference_names.h"
 #include "analysis/report_json.h"
-#include "analysis/text/name_rules.h"
+#include "analysis/text/names.h"
 #include "analysis/text/numbers.h"
 #include "analysis/text/text_convert.h"
 #include "log/module_log.h"

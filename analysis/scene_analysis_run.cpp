@@ -2,6 +2,7 @@
 
 #include "analysis/text/text_convert.h"
 #include "analysis/work_folder.h"
+#include "base/folders.h"
 #include "base/handles.h"
 #include "client/guid_text.h"
 #include "config/plugin_data.h"
@@ -23,10 +24,6 @@ std::string CodeOf(DWORD error) {
 
 void Log(const std::string& level, const std::string& message) {
     PluginData::instance().writeLog(level, message);
-}
-
-bool Exists(const std::wstring& path) {
-    return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 std::wstring NewReportPath() {
@@ -90,7 +87,7 @@ std::wstring ReadReport(const std::wstring& path) {
 
 // A file that stays behind harms nobody: the next run has another name.
 void DeleteIfThere(const std::wstring& path) {
-    if (Exists(path))
+    if (PathExists(path))
         ::DeleteFileW(path.c_str());
 }
 

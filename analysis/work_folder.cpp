@@ -1,18 +1,11 @@
 #include "analysis/work_folder.h"
 
 #include "analysis/text/text_convert.h"
+#include "base/folders.h"
 #include "base/windows.h"
 #include "config/plugin_data.h"
 
 namespace orv {
-namespace {
-
-bool IsFolder(const std::wstring& path) {
-    const DWORD attributes = ::GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-}
-
-} // namespace
 
 bool EnsureFolder(const std::wstring& folder) {
     if (IsFolder(folder) || ::CreateDirectoryW(folder.c_str(), nullptr))

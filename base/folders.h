@@ -1,4 +1,4 @@
-// The folders that everything else of the product is placed in.
+// The folders that everything else of the product is placed in, and what is on the disk.
 #pragma once
 
 #include <string>
@@ -18,5 +18,11 @@ std::wstring SettingsFile();
 // One value of section "general" of the settings file. Empty when file or key is missing; at most
 // 2047 characters are read.
 std::wstring ReadGeneralSetting(const wchar_t* key);
+
+// What is on the disk under `path`: a file or folder, a file, a folder. False as well when Windows
+// does not say, such as in a folder that the user may not read.
+bool PathExists(const std::wstring& path);
+bool IsFile(const std::wstring& path);
+bool IsFolder(const std::wstring& path);
 
 } // namespace orv

@@ -1,6 +1,6 @@
 #include "submit/camera_validation.h"
 
-#include "analysis/text/name_rules.h"
+#include "analysis/text/names.h"
 #include "config/dialog_choices.h"
 #include "log/module_log.h"
 #include "submit/dialog_input/dialog_log.h"
@@ -32,16 +32,7 @@ int Logged(int code) {
     return code;
 }
 
-bool IsBlankOrStop(wchar_t character) {
-    return character == L' ' || character == L'.';
-}
-
 } // namespace
-
-bool IsUsableCameraName(const std::wstring& name) {
-    return !name.empty() && !IsBlankOrStop(name.front()) && !IsBlankOrStop(name.back()) &&
-           name.find(L'`') == std::wstring::npos && !HasIllegalNameChar(name);
-}
 
 int ValidateCameraRows(const std::vector<CameraRow>& rows, CameraMap& cameras,
                        std::vector<std::wstring>& badNames) {

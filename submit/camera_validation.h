@@ -15,13 +15,9 @@ constexpr int kCameraFrameNegative = 1;
 constexpr int kCameraNamesBad = 2;
 constexpr int kNoCameraChecked = 3;
 
-// Whether the farm can use `name` for a folder and a file: not empty, no blank or full stop at
-// either end, none of \ / : * ? " < > | % and no back quote.
-bool IsUsableCameraName(const std::wstring& name);
-
 // Carries the check marks of `rows` over to the records in `cameras` and checks every row, checked
 // or not. A name without a record gets one. A negative frame ends the walk at its row. The unusable
-// names are put into `badNames`. Returns one of the codes above.
+// names (IsUsableCameraName) are put into `badNames`. Returns one of the codes above.
 int ValidateCameraRows(const std::vector<CameraRow>& rows, CameraMap& cameras,
                        std::vector<std::wstring>& badNames);
 

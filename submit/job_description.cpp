@@ -1,6 +1,7 @@
 #include "submit/job_description.h"
 
 #include "analysis/report_json.h"
+#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "analysis/work_folder.h"
 #include "base/handles.h"
@@ -9,7 +10,6 @@
 #include "config/submission_windows.h"
 #include "resources/controls.h"
 #include "resources/texts.h"
-#include "submit/paths.h"
 
 #include <json/value.h>
 #include <json/writer.h>

@@ -1,11 +1,12 @@
 #include "submit/scene_archive.h"
 
+#include "analysis/text/names.h"
+#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "analysis/work_folder.h"
+#include "base/folders.h"
 #include "base/windows.h"
 #include "config/plugin_data.h"
-#include "submit/dialog_input/scene_name_text.h"
-#include "submit/paths.h"
 
 #include <bcrypt.h>
 
@@ -274,12 +275,8 @@ std::wstring ArchivePath(const JobPaths& paths, const SessionData& session,
                : Joined(paths.compressDir, fileName);
 }
 
-bool IsThere(const std::wstring& path) {
-    return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
 void DeleteUnfinished(const std::wstring& path) {
-    if (!IsThere(path))
+    if (!PathExists(path))
         return;
     if (::DeleteFileW(path.c_str())) {
         PluginData::instance().writeLog(kInfo, "Unfinished archive deleted: " + WideToUtf8(path));
@@ -314,7 +311,7 @@ bool PackScene(const std::string& scenePath, JobPaths& paths, const SessionData&
 
 void RunArchiver(const JobPaths& paths) {
     const std::wstring archivePath = Utf8ToWide(paths.archivePath);
-    const bool isNew = !IsThere(archivePath);
+    const bool isNew = !PathExists(archivePath);
     // The path has a blank: without the quotes Windows would start a C:\ProgramData/Orv.exe, if
     // somebody put one there, before the archiver.
     const std::wstring program = L"\"" + paths.sevenZipPath + L"\"";

@@ -1,12 +1,13 @@
 #include "submit/scene_file.h"
 
+#include "analysis/text/names.h"
+#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
+#include "base/folders.h"
 #include "base/handles.h"
 #include "base/windows.h"
 #include "config/plugin_data.h"
 #include "host/host.h"
-#include "submit/dialog_input/scene_name_text.h"
-#include "submit/paths.h"
 
 #include <cstdlib>
 #include <ctime>
@@ -20,22 +21,9 @@ void Log(const std::string& level, const std::string& message) {
     PluginData::instance().writeLog(level, message);
 }
 
-// A slash anywhere wins over every backslash.
-std::wstring FolderOf(const std::wstring& path) {
-    std::size_t separator = path.rfind(L'/');
-    if (separator == std::wstring::npos)
-        separator = path.rfind(L'\\');
-    return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator + 1);
-}
-
-// Windows does not tell capitals from small letters in a path.
-bool IsSamePath(const std::wstring& left, const std::wstring& right) {
-    return ::CompareStringOrdinal(left.c_str(), -1, right.c_str(), -1, TRUE) == CSTR_EQUAL;
-}
-
-bool IsFile(const std::wstring& path) {
-    const DWORD attributes = ::GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+// The folder that a scene lies in, empty for one without a folder.
+std::wstring SceneFolder(const std::wstring& path) {
+    return path.substr(0, SceneFileNameStart(path));
 }
 
 bool SaveTo(const std::wstring& path) {
@@ -64,7 +52,7 @@ std::string SaveSceneAs(SceneAnalysis& analysis, HWND sceneNameEdit, const std::
     if (wanted == analysis.recordedSceneName)
         return WideToUtf8(currentPath);
 
-    const std::wstring folder = FolderOf(currentPath);
+    const std::wstring folder = SceneFolder(currentPath);
     if (folder.empty()) {
         Log(kError, "Save scene: the scene has no file yet.");
         return {};
@@ -89,7 +77,7 @@ std::wstring SceneToReplace(const SceneAnalysis& analysis, const std::string& fi
     if (fileName.empty() || fileName == analysis.recordedSceneName)
         return {};
     const std::wstring currentPath = host::SceneFilePath();
-    const std::wstring folder = FolderOf(currentPath);
+    const std::wstring folder = SceneFolder(currentPath);
     const std::wstring name = Utf8ToWide(fileName);
     if (folder.empty() || !IsPlainFileName(name) || IsSamePath(folder + name, currentPath) ||
         !IsFile(folder + name))
@@ -140,7 +128,7 @@ std::wstring BackupPathOf(const std::wstring& scenePath, int number) {
     std::wstring digits = std::to_wstring(number);
     if (digits.size() < kLeastDigits)
         digits.insert(0, kLeastDigits - digits.size(), L'0');
-    return FolderPart(scenePath) + StemPart(scenePath) + L"_" + digits + ExtensionPart(scenePath);
+    return WithoutExtension(scenePath) + L"_" + digits + ExtensionPart(scenePath);
 }
 
 bool BackupSceneFile(const SceneAnalysis& analysis, std::wstring& backupPath) {

@@ -1,7 +1,9 @@
 #include "submit/submit_job.h"
 
 #include "analysis/submission_checks.h"
+#include "analysis/text/names.h"
 #include "analysis/text/numbers.h"
+#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "analysis/work_folder.h"
 #include "client/client_link.h"
@@ -14,9 +16,7 @@
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "submit/camera_validation.h"
-#include "submit/dialog_input/scene_name_text.h"
 #include "submit/job_description.h"
-#include "submit/paths.h"
 #include "submit/scene_archive.h"
 #include "submit/scene_file.h"
 

@@ -38,4 +38,8 @@ std::wstring AnsiToWide(const std::string& text, bool* exact = nullptr);
 // with `exact` cleared, when a character has no place in that code page.
 std::string WideToAnsi(const std::wstring& text, bool* exact = nullptr);
 
+// AnsiToWide and WideToAnsi for the code page of any locale.
+std::wstring MultibyteToWide(const std::string& text, const char* locale, bool& exact);
+std::string WideToMultibyte(const std::wstring& text, const char* locale, bool& exact);
+
 } // namespace orv

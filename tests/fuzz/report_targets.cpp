@@ -1,7 +1,7 @@
 // The analysis report, which a script in the host has written, and the job that is made of it.
 #include "analysis/report_json.h"
 #include "analysis/report_reader.h"
-#include "analysis/text/name_rules.h"
+#include "analysis/text/names.h"
 #include "analysis/text/text_convert.h"
 #include "submit/job_description.h"
 #include "tests/fuzz/mutate.h"

@@ -1,9 +1,8 @@
 // Conversions of text, and the rules for names and paths.
-#include "analysis/reference_names.h"
-#include "analysis/text/name_rules.h"
+#include "analysis/text/names.h"
 #include "analysis/text/numbers.h"
+#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
-#include "submit/paths.h"
 #include "tests/fuzz/mutate.h"
 #include "tests/fuzz/targets.h"
 

@@ -1,9 +1,9 @@
 #include "ui/camera_table/scene_name_field.h"
 
+#include "analysis/text/names.h"
 #include "analysis/text/text_convert.h"
 #include "log/module_log.h"
 #include "submit/dialog_input/dialog_log.h"
-#include "submit/dialog_input/scene_name_text.h"
 #include "windows/controls.h"
 
 namespace orv {

@@ -2,6 +2,7 @@
 
 #include "analysis/report_reader.h"
 #include "analysis/scene_analysis_run.h"
+#include "analysis/text/names.h"
 #include "analysis/text/numbers.h"
 #include "analysis/text/text_convert.h"
 #include "base/product.h"
@@ -13,7 +14,6 @@
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "submit/dialog_input/dialog_log.h"
-#include "submit/dialog_input/scene_name_text.h"
 #include "ui/camera_table/scene_name_field.h"
 #include "ui/camera_table/warnings_list.h"
 #include "ui/main_dialog/block_mode.h"
@@ -21,7 +21,6 @@
 #include "ui/main_dialog/client_version.h"
 #include "ui/main_dialog/main_controls.h"
 #include "ui/main_dialog/main_layout.h"
-#include "ui/main_dialog/scene_name_rule.h"
 #include "ui/workers.h"
 #include "windows/controls.h"
 #include "windows/measures.h"

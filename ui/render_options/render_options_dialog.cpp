@@ -1,6 +1,6 @@
 #include "ui/render_options/render_options_dialog.h"
 
-#include "analysis/text/name_rules.h"
+#include "analysis/text/names.h"
 #include "analysis/text/numbers.h"
 #include "config/dialog_choices.h"
 #include "log/module_log.h"
@@ -10,7 +10,6 @@
 #include "submit/dialog_input/dialog_log.h"
 #include "ui/render_options/aspect.h"
 #include "ui/render_options/output_formats.h"
-#include "ui/render_options/output_name_rule.h"
 #include "ui/skin/image_slots.h"
 #include "windows/controls.h"
 #include "windows/measures.h"
@@ -162,17 +161,17 @@ void RenderOptionsDialog::aspectLocked() {
 
 void RenderOptionsDialog::nameTyped() {
     const std::wstring name = text(IDC_OPTIONS_NAME);
-    switch (CheckTypedName(name)) {
-    case TypedName::Accepted:
+    switch (CheckOutputName(name)) {
+    case OutputName::Accepted:
         break;
-    case TypedName::TooLong:
+    case OutputName::TooLong:
         ShowMessage(window(), IDS_NAME_TOO_LONG, IDS_CAPTION_CHECK);
         WriteDialogLog(kWarn, "You are setting camera name that its length longer than 100!");
         break;
-    case TypedName::HasForbidden:
+    case OutputName::HasForbidden:
         WriteDialogLog(kWarn, "You are setting camera name that contain invalid characters.");
         ShowMessage(window(), IDS_NAME_CHARACTERS_REMOVED, IDS_CAPTION_CHECK);
-        setText(IDC_OPTIONS_NAME, WithoutForbiddenCharacters(name));
+        setText(IDC_OPTIONS_NAME, WithoutIllegalNameChars(name));
         WriteDialogLog(kInfo, "Remove invalid characters successfully.");
         break;
     }
@@ -220,10 +219,12 @@ void RenderOptionsDialog::checkBlanks() {
     if (!isEnabled(IDC_OPTIONS_NAME))
         return; // several cameras: the name is not shown, and nothing about it should be either
     const std::wstring name = text(IDC_OPTIONS_NAME);
-    const unsigned message = BlankAtEndMessage(name);
-    if (message == 0)
+    const OuterBlank blank = OuterBlankOf(name);
+    if (blank == OuterBlank::None)
         return;
-    ShowMessage(window(), message, IDS_CAPTION_CHECK);
+    ShowMessage(window(),
+                blank == OuterBlank::Front ? IDS_NAME_BEGINS_WITH_SPACE : IDS_NAME_ENDS_WITH_SPACE,
+                IDS_CAPTION_CHECK);
     setText(IDC_OPTIONS_NAME, TrimSpaces(name));
 }
 

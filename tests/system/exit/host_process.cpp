@@ -1,9 +1,9 @@
 #include "tests/system/exit/host_process.h"
 
+#include "analysis/text/paths.h"
 #include "resources/controls.h"
 #include "standin/host/main_window.h"
 #include "standin/host/menu_bar.h"
-#include "submit/paths.h"
 #include "tests/support/files.h"
 
 #include <stdexcept>

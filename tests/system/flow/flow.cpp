@@ -1,11 +1,11 @@
 #include "tests/system/flow/flow.h"
 
+#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "resources/controls.h"
 #include "resources/texts.h"
 #include "standin/host/scene.h"
 #include "submit/scene_archive.h"
-#include "submit/paths.h"
 #include "tests/support/log_lines.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/wait_until.h"

@@ -1,9 +1,9 @@
 // Submissions that the client accepts.
+#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "resources/controls.h"
 #include "resources/texts.h"
 #include "submit/scene_archive.h"
-#include "submit/paths.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/system/flow/flow.h"
 

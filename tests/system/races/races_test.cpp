@@ -1,10 +1,10 @@
 // A user who presses Submit and changes their mind: every input at every moment of a submission.
 // What was on the screen at Submit is what is sent, or nothing is sent and the user is told.
+#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "config/remembered_settings.h"
 #include "resources/controls.h"
 #include "resources/texts.h"
-#include "submit/paths.h"
 #include "tests/dialogs/dialog_user.h"
 #include "tests/support/files.h"
 #include "tests/support/message_box_watcher.h"

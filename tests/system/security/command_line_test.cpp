@@ -1,8 +1,8 @@
 // Paths from outside on the archiver's command line: taken apart as every program takes its own
 // apart, each is one argument, and the archive's lies where it should.
+#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "base/windows.h"
-#include "submit/paths.h"
 #include "submit/scene_archive.h"
 #include "tests/fuzz/difficult.h"
 #include "tests/support/product_folder.h"

@@ -68,5 +68,19 @@ TEST(GeneralSetting, SurvivesAFileThatIsNoText) {
     EXPECT_EQ(ReadGeneralSetting(L"port"), L"");
 }
 
+TEST(WhatIsOnTheDisk, IsAFileAFolderOrNothing) {
+    const TestProductFolder product;
+    product.write(L"/script/a.txt", "");
+    const std::wstring folder = ProductFolder() + L"/script";
+    const std::wstring file = folder + L"/a.txt";
+    const std::wstring nothing = folder + L"/b.txt";
+    EXPECT_TRUE(PathExists(folder) && IsFolder(folder));
+    EXPECT_FALSE(IsFile(folder));
+    EXPECT_TRUE(PathExists(file) && IsFile(file));
+    EXPECT_FALSE(IsFolder(file));
+    EXPECT_FALSE(PathExists(nothing) || IsFile(nothing) || IsFolder(nothing));
+    EXPECT_FALSE(PathExists(L"") || IsFile(L"") || IsFolder(L""));
+}
+
 } // namespace
 } // namespace orv

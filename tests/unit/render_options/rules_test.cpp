@@ -5,7 +5,6 @@
 #include "ui/render_options/button_position.h"
 #include "ui/render_options/camera_edits.h"
 #include "ui/render_options/output_formats.h"
-#include "ui/render_options/output_name_rule.h"
 #include "ui/render_options/toggle_pairs.h"
 
 #include <gtest/gtest.h>
@@ -97,40 +96,6 @@ TEST(FormatEntry, IsTheFormatsOwnElseTheTiffsElseTheFirst) {
     EXPECT_EQ(FormatEntry(others, L"TIFF"), 12);
     EXPECT_EQ(FormatEntry(others, L"TIF"), 12);
     EXPECT_EQ(FormatEntry(others, L"TIFX"), 0);
-}
-
-TEST(TypedName, IsJudgedByLengthThenByCharacters) {
-    const struct {
-        std::wstring typed;
-        TypedName judgement;
-    } cases[] = {
-        {L"", TypedName::Accepted},
-        {L"Hall \u5BA2\u5385", TypedName::Accepted},
-        {L" hall. `", TypedName::Accepted},
-        {std::wstring(100, L'n'), TypedName::Accepted},
-        {std::wstring(101, L'n'), TypedName::TooLong},
-        {std::wstring(100, L'n') + L":", TypedName::TooLong},
-        {std::wstring(99, L'n') + L":", TypedName::HasForbidden},
-        {std::wstring(5000, L'n'), TypedName::TooLong},
-    };
-    for (const auto& one : cases)
-        EXPECT_EQ(CheckTypedName(one.typed), one.judgement) << one.typed.size();
-    for (const wchar_t forbidden : std::wstring(L"\\/:*?\"<>|%")) {
-        const std::wstring name = std::wstring(L"a") + forbidden + L"b";
-        EXPECT_EQ(CheckTypedName(name), TypedName::HasForbidden) << static_cast<int>(forbidden);
-        EXPECT_EQ(WithoutForbiddenCharacters(name), L"ab") << static_cast<int>(forbidden);
-    }
-    EXPECT_EQ(WithoutForbiddenCharacters(L"%%%"), L"");
-}
-
-TEST(BlankAtEndMessage, TellsTheBeginningFirst) {
-    EXPECT_EQ(BlankAtEndMessage(L""), 0U);
-    EXPECT_EQ(BlankAtEndMessage(L"a b"), 0U);
-    EXPECT_EQ(BlankAtEndMessage(L"\ta\t"), 0U); // tabs are no blanks
-    EXPECT_EQ(BlankAtEndMessage(L" a"), unsigned{IDS_NAME_BEGINS_WITH_SPACE});
-    EXPECT_EQ(BlankAtEndMessage(L"a "), unsigned{IDS_NAME_ENDS_WITH_SPACE});
-    EXPECT_EQ(BlankAtEndMessage(L" a "), unsigned{IDS_NAME_BEGINS_WITH_SPACE});
-    EXPECT_EQ(BlankAtEndMessage(L" "), unsigned{IDS_NAME_BEGINS_WITH_SPACE});
 }
 
 class CameraEditsWritten : public ::testing::Test {

@@ -1,9 +1,9 @@
 #include "tests/unit/submit/archiver.h"
 
+#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "base/folders.h"
 #include "base/handles.h"
-#include "submit/paths.h"
 #include "tests/support/files.h"
 
 #include <stdexcept>

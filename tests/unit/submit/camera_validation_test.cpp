@@ -14,23 +14,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-struct NameCase {
-    const wchar_t* name;
-    bool isUsable;
-};
-
-TEST(IsUsableCameraName, RefusesWhatFilesAndTheFarmCannotTake) {
-    const NameCase cases[] = {
-        {L"Camera01", true}, {L"a b.c", true}, {L"\x76F8\x673A", true}, {L"", false},
-        {L" a", false},      {L".a", false},   {L"a ", false},          {L"a.", false},
-        {L" ", false},       {L"a`b", false},  {L"100%", false},        {L"a\\b", false},
-        {L"a/b", false},     {L"a:b", false},  {L"a*b", false},         {L"a?b", false},
-        {L"a\"b", false},    {L"a<b", false},  {L"a>b", false},         {L"a|b", false},
-    };
-    for (const NameCase& name : cases)
-        EXPECT_EQ(IsUsableCameraName(name.name), name.isUsable) << std::wstring(name.name).size();
-}
-
 CameraInfo CameraAtFrame(std::int32_t frame) {
     CameraInfo camera;
     camera.startFrame = frame;

@@ -1,8 +1,8 @@
 #include "submit/scene_archive.h"
 
+#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "base/folders.h"
-#include "submit/paths.h"
 #include "tests/support/files.h"
 #include "tests/support/product_folder.h"
 #include "tests/support/temporary_folder.h"

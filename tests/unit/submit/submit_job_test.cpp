@@ -1,10 +1,10 @@
 // A submission from the dialog to the client, with the real archiver and real sockets.
 #include "tests/unit/submit/submission_test.h"
 
+#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "config/dialog_choices.h"
 #include "submit/scene_archive.h"
-#include "submit/paths.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/unit/submit/reply_server.h"
 

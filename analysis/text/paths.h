@@ -16,14 +16,21 @@ std::wstring FolderPart(const std::wstring& path);
 std::wstring StemPart(const std::wstring& path);
 std::wstring ExtensionPart(const std::wstring& path);
 
-// Whether the path says by itself where it is, from a drive ("D:\a", "D:/a") or a computer of the
-// network ("\\server\a"), and has no character that names cannot have. Device paths
-// ("\\.\pipe") are none.
-bool IsFullPath(const std::wstring& path);
+// FolderPart and StemPart together.
+std::wstring WithoutExtension(const std::wstring& path);
 
-// Whether `name` names a plain file in whatever folder it is put: it has no separator, no colon
-// (which would name a stream behind a file), no wildcard, quote, bar or control character, does not
-// end in a blank or full stop, and is no name of a device, such as "con.max".
-bool IsPlainFileName(const std::wstring& name);
+// Where the file's name begins in the path of a scene: behind the last slash or, in a path without
+// any, behind the last backslash; 0 when the path has no separator. The host's scripts write
+// slashes, and a backslash between them is part of a name.
+std::size_t SceneFileNameStart(const std::string& path);
+std::size_t SceneFileNameStart(const std::wstring& path);
+
+// Whether two paths are the same text but for capitals, which Windows ignores in a path.
+bool IsSamePath(const std::wstring& left, const std::wstring& right);
+
+// Whether the path says by itself where it is, from a drive ("D:\a", "D:/a") or a computer of the
+// network ("\\server\a"), and has no character that names cannot have (CanStandInFileNames). Device
+// paths ("\\.\pipe") are none.
+bool IsFullPath(const std::wstring& path);
 
 } // namespace orv

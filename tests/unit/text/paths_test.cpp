@@ -1,4 +1,4 @@
-#include "submit/paths.h"
+#include "analysis/text/paths.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +27,48 @@ TEST(Paths, AreTakenApartAtTheLaterSeparator) {
         EXPECT_EQ(StemPart(path.path), path.stem);
         EXPECT_EQ(ExtensionPart(path.path), path.extension);
     }
+}
+
+TEST(WithoutExtension, CutsAtTheLastFullStop) {
+    EXPECT_EQ(WithoutExtension(L"shot.max"), L"shot");
+    EXPECT_EQ(WithoutExtension(L"shot.v2.max"), L"shot.v2");
+    EXPECT_EQ(WithoutExtension(L"shot"), L"shot");
+    EXPECT_EQ(WithoutExtension(L".max"), L"");
+    EXPECT_EQ(WithoutExtension(L""), L"");
+}
+
+TEST(WithoutExtension, KeepsFoldersAndTheirFullStops) {
+    EXPECT_EQ(WithoutExtension(L"C:\\a.b/shot.max"), L"C:\\a.b/shot");
+    EXPECT_EQ(WithoutExtension(L"C:\\a.b\\shot"), L"C:\\a.b\\shot");
+}
+
+TEST(SceneFileNameStart, IsBehindTheLastSlashOrElseTheLastBackslash) {
+    const struct {
+        std::string path;
+        std::size_t start;
+    } cases[] = {
+        {"", 0},
+        {"shot.max", 0},
+        {"C:\\a\\shot.max", 5},
+        {"C:/a/shot", 5},
+        {"C:/a\\shot.max", 3},
+        {"C:\\a/b\\shot.max", 5},
+        {"C:/a/", 5},
+        {"/", 1},
+        {"\\", 1},
+    };
+    for (const auto& one : cases) {
+        EXPECT_EQ(SceneFileNameStart(one.path), one.start) << one.path;
+        const std::wstring wide(one.path.begin(), one.path.end());
+        EXPECT_EQ(SceneFileNameStart(wide), one.start) << one.path;
+    }
+}
+
+TEST(IsSamePath, IgnoresCapitalsOnly) {
+    EXPECT_TRUE(IsSamePath(L"D:\\Shot.max", L"d:\\shot.MAX"));
+    EXPECT_TRUE(IsSamePath(L"D:\\\u00C4.max", L"D:\\\u00E4.max"));
+    EXPECT_FALSE(IsSamePath(L"D:\\shot.max", L"D:\\shot2.max"));
+    EXPECT_FALSE(IsSamePath(L"D:\\shot.max", L"D:/shot.max"));
 }
 
 TEST(FullPaths, BeginAtADriveOrAComputer) {
@@ -61,25 +103,6 @@ TEST(FullPaths, AreNoneThatDependOnAnythingOrHoldWhatNamesCannot) {
                                 L" D:\\a",
                                 L"http://server/out"})
         EXPECT_FALSE(IsFullPath(path)) << ::testing::PrintToString(std::wstring(path));
-}
-
-TEST(PlainFileNames, StayInTheFolderTheyArePutIn) {
-    for (const wchar_t* name : {L"shot.max", L"shot", L".max", L"a b.v2.max", L"-sdel.max",
-                                L"@list.max", L"console.max", L"com.max", L"com10.max", L"lpt.max",
-                                L"xcon.max", L"it's 'so' \u201Cas\u201D \u2018is\u2019.max",
-                                L"\x573A\x666F \xD83C\xDFA5.max", L"a%b`c.max"})
-        EXPECT_TRUE(IsPlainFileName(name)) << ::testing::PrintToString(std::wstring(name));
-}
-
-TEST(PlainFileNames, AreNoneThatWindowsTakesForSomethingElse) {
-    for (const wchar_t* name :
-         {L"",           L"a:b.max",   L"a\\b.max",  L"a/b.max",  L"..\\a.max",  L"a*.max",
-          L"a?.max",     L"a\"b.max",  L"a<b.max",   L"a>b.max",  L"a|b.max",    L"a\tb.max",
-          L"a\x1F.max",  L"shot.max ", L"shot.max.", L".",        L"..",         L" ",
-          L"con",        L"con.max",   L"CON.max",   L"Con .max", L"con.v2.max", L"prn.max",
-          L"aux.max",    L"nul.max",   L"com1.max",  L"COM9.max", L"lpt1",       L"com\u00B9.max",
-          L"conin$.max", L"CONOUT$"})
-        EXPECT_FALSE(IsPlainFileName(name)) << ::testing::PrintToString(std::wstring(name));
 }
 
 } // namespace
