@@ -165,7 +165,7 @@ double LongestGap() {
     test::HostWithScene scene;
     test::WriteFileBytes(scene.host.sceneFilePath, SceneBytes());
     test::InstallArchiver();
-    // A code that is no known one: no message waits for an answer.
+    // An unknown code, for which no message box waits for an answer.
     test::ReplyServer client("{\"ret\":1}", kDeadline);
     scene.product.writeSettings("port=" + std::to_string(client.port()) +
                                 "\r\nlowerversion=1.3.7\r\n");

@@ -6,7 +6,7 @@ namespace orv {
 namespace bench {
 
 void Figures::add(const std::string& name, double value, double limit) {
-    const bool isOk = value <= limit; // a figure that is no number is over
+    const bool isOk = value <= limit; // NaN is over
     anyOver_ = anyOver_ || !isOk;
     std::printf("bench: %s %.2f limit %.2f %s\n", name.c_str(), value, limit, isOk ? "ok" : "over");
 }

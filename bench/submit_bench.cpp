@@ -61,7 +61,7 @@ private:
     double seconds_ = 0.0;
 };
 
-// A large scene in a folder of its own, and everything that its submission needs.
+// A large scene in a new folder, and everything that its submission needs.
 class LargeScene {
 public:
     LargeScene() {
@@ -93,7 +93,7 @@ public:
         SceneAnalysis& analysis = PluginData::instance().analysis;
         analysis = SceneAnalysis();
         analysis.reportText = L"{\"app_version\": \"2019\"}";
-        // A code that is no known one: no message waits for an answer.
+        // An unknown code, for which no message box waits for an answer.
         test::ReplyServer client("{\"ret\":1}", std::chrono::minutes(20));
         product_.writeSettings("port=" + std::to_string(client.port()) + "\r\n");
         const Clock::time_point start = Clock::now();
@@ -134,7 +134,7 @@ void ParseAndRenderAlone(const std::string& json) {
     benchmark::DoNotOptimize(Json::StyledWriter().write(report));
 }
 
-// Writes the job file into a folder of its own.
+// Writes the job file into a new folder.
 class LargeJob {
 public:
     explicit LargeJob(const std::string& json) { analysis_.reportText = Utf8ToWide(json); }

@@ -78,7 +78,7 @@ std::string TextOf(const Json::Value& object, const char* name) {
     return value.isString() ? value.asString() : std::string();
 }
 
-// Opens a file for reading and describes it; the handle is empty when there is none.
+// Opens a file for reading and describes it; the handle is empty when the file does not exist.
 orv::FileHandle Open(const std::string& path, Json::Value& description, LONGLONG& size) {
     orv::FileHandle file(::CreateFileW(orv::Utf8ToWide(path).c_str(), GENERIC_READ,
                                        FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,

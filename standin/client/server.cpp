@@ -99,7 +99,7 @@ bool Send(SOCKET connection, const std::string& bytes) {
 }
 
 void Answer(SOCKET connection, const Options& options, const std::string& answer) {
-    const BOOL noDelay = TRUE; // each send is a segment of its own
+    const BOOL noDelay = TRUE; // sends each piece as one segment
     ::setsockopt(connection, IPPROTO_TCP, TCP_NODELAY, reinterpret_cast<const char*>(&noDelay),
                  sizeof(noDelay));
     ::Sleep(static_cast<DWORD>(options.delayMilliseconds));

@@ -29,7 +29,7 @@ Event& Event::with(const char* key, const Json::Value& value) {
     return *this;
 }
 
-void Event::tell(const EventSink& sink) const {
+void Event::sendTo(const EventSink& sink) const {
     if (sink) {
         sink(object_);
     }

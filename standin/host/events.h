@@ -1,4 +1,4 @@
-// What the host tells the outside while it runs: one JSON object for each event. The names and
+// The events that the host reports while it runs: one JSON object for each. The names and
 // members of the events are listed in README.md.
 #pragma once
 
@@ -10,11 +10,11 @@
 
 namespace standin {
 
-// Receives each event on the host's main thread. An empty function is allowed: nothing is told
+// Receives each event on the host's main thread. An empty function is allowed: nothing is sent
 // then.
 using EventSink = std::function<void(const Json::Value&)>;
 
-// An event under construction: Event("saved").with("path", path).tell(sink).
+// An event under construction: Event("saved").with("path", path).sendTo(sink).
 class Event {
 public:
     explicit Event(const char* name) : object_(Json::objectValue) { object_["event"] = name; }
@@ -25,7 +25,7 @@ public:
     Event& with(const char* key, int number);
     Event& with(const char* key, const Json::Value& value);
 
-    void tell(const EventSink& sink) const;
+    void sendTo(const EventSink& sink) const;
 
 private:
     Json::Value object_;

@@ -105,9 +105,9 @@ bool Host::start() {
         .with("process", static_cast<int>(GetCurrentProcessId()))
         .with("plugins", pluginCount())
         .with("scene", scene_.path())
-        .tell(sink_);
+        .sendTo(sink_);
     shown_ = true;
-    tellMenuBar();
+    reportMenuBar();
     return true;
 }
 
@@ -140,20 +140,20 @@ void Host::stop() {
     standin_broadcast(kSystemShutdown);
     unloadPlugins();
     if (!options_.menuFile.empty() && !saveMenus(options_.menuFile))
-        Event("menus_not_saved").with("path", options_.menuFile).tell(sink_);
+        Event("menus_not_saved").with("path", options_.menuFile).sendTo(sink_);
     dialogs_.clear();
     services_.reset();
     standin_menus_reset();
     window_.destroy();
     menuCommands_.clear();
-    Event("stopped").tell(sink_);
+    Event("stopped").sendTo(sink_);
 }
 
 void Host::loadMenus() {
     if (options_.menuFile.empty())
         return;
     const bool loaded = standin_menus_load(options_.menuFile.c_str()) != 0;
-    Event("menus_loaded").with("path", options_.menuFile).with("ok", loaded).tell(sink_);
+    Event("menus_loaded").with("path", options_.menuFile).with("ok", loaded).sendTo(sink_);
     standin_broadcast(kMenusPostLoad);
 }
 
@@ -169,7 +169,7 @@ void Host::loadPlugins() {
             Event("plugin_refused")
                 .with("file", file)
                 .with("reason", std::wstring(reason))
-                .tell(sink_);
+                .sendTo(sink_);
             continue;
         }
         plugins_.push_back(plugin);
@@ -178,7 +178,7 @@ void Host::loadPlugins() {
             .with("class", PluginText(plugin, L"class"))
             .with("category", PluginText(plugin, L"category"))
             .with("description", PluginText(plugin, L"description"))
-            .tell(sink_);
+            .sendTo(sink_);
     }
 }
 
@@ -195,11 +195,11 @@ void Host::unloadPlugins() {
 void Host::rebuildMenuBar() {
     window_.setMenuBar(BuildMenuBar(menuCommands_));
     if (shown_)
-        tellMenuBar();
+        reportMenuBar();
 }
 
-void Host::tellMenuBar() const {
-    Event("menu_bar").with("menus", DescribeMenuBar(window())).tell(sink_);
+void Host::reportMenuBar() const {
+    Event("menu_bar").with("menus", DescribeMenuBar(window())).sendTo(sink_);
 }
 
 void Host::menuCommand(int id) {
@@ -212,9 +212,9 @@ void Host::menuCommand(int id) {
         hostCommand(command.command);
         return;
     }
-    Event("action_started").with("command", command.command).tell(sink_);
+    Event("action_started").with("command", command.command).sendTo(sink_);
     const bool handled = standin_run_action(command.table, command.command) != 0;
-    Event("action_ended").with("command", command.command).with("handled", handled).tell(sink_);
+    Event("action_ended").with("command", command.command).with("handled", handled).sendTo(sink_);
 }
 
 void Host::hostCommand(int command) {
@@ -250,7 +250,7 @@ bool Host::openScene(const std::wstring& path) {
     event.with("path", path).with("ok", opened);
     if (!opened)
         event.with("error", error.c_str());
-    event.tell(sink_);
+    event.sendTo(sink_);
     refresh();
     if (opened)
         standin_broadcast(kFilePostOpen);
@@ -269,7 +269,7 @@ bool Host::saveSceneTo(const std::wstring& path, bool clearModified, bool makeCu
     const bool saved = scene_.saveTo(path, clearModified, makeCurrent);
     if (saved)
         standin_broadcast(kFilePostSave);
-    Event("scene_saved").with("path", path).with("ok", saved).tell(sink_);
+    Event("scene_saved").with("path", path).with("ok", saved).sendTo(sink_);
     refresh();
     return saved;
 }
@@ -283,7 +283,7 @@ ScriptOutcome Host::runScript(const std::wstring& text) {
         .with("text", text)
         .with("ok", outcome.ok)
         .with("error", outcome.error)
-        .tell(sink_);
+        .sendTo(sink_);
     return outcome;
 }
 

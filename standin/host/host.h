@@ -31,7 +31,7 @@ public:
     ~Host(); // stops
 
     // Everything up to the message loop: window, menus, scene, plug-ins, the start-up notification.
-    // A plug-in or scene that cannot be loaded is told by an event and does not stop the host.
+    // A plug-in or scene that cannot be loaded is reported by an event and does not stop the host.
     // False only when there can be no window. The calling thread becomes the host's main thread.
     bool start();
 
@@ -70,7 +70,7 @@ private:
     void loadPlugins();
     void unloadPlugins();
     void rebuildMenuBar();
-    void tellMenuBar() const;
+    void reportMenuBar() const;
     void menuCommand(int id);
     void hostCommand(int command);
     void dispatch(MSG& message);
@@ -87,7 +87,7 @@ private:
     std::vector<standin_plugin*> plugins_;
     std::vector<HWND> dialogs_; // modeless ones, which the message loop serves
     bool started_ = false;
-    bool shown_ = false; // from the end of start() on, changes of the menu bar are told
+    bool shown_ = false; // from the end of start() on, changes of the menu bar are reported
     bool leaving_ = false;
 };
 

@@ -111,8 +111,8 @@ const wchar_t* HostServices::sceneFileName() {
 }
 
 const wchar_t* HostServices::sceneFilePath() {
-    const std::wstring& told = host_.scene_.description().toldPath;
-    filePath_ = told.empty() ? host_.scene_.path() : told;
+    const std::wstring& reported = host_.scene_.description().reportedPath;
+    filePath_ = reported.empty() ? host_.scene_.path() : reported;
     return filePath_.c_str();
 }
 

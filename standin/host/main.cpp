@@ -22,7 +22,7 @@ std::vector<std::wstring> Arguments() {
     return arguments;
 }
 
-// Events go to standard output line by line, so that whoever waits for one sees it at once.
+// Events go to standard output line by line, so that a waiting reader gets each at once.
 class EventPrinter {
 public:
     explicit EventPrinter(const std::wstring& logFile) {

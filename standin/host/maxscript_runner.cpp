@@ -111,7 +111,7 @@ Value MaxscriptRunner::fileIn(const std::wstring& path) {
     }
     if (IsParser(path) &&
         (behaviour.kind != ScriptBehaviour::Kind::Works || behaviour.waitMilliseconds > 0)) {
-        // The parser only defines gMax when it is loaded; what it was told to do, it does when
+        // The parser only defines gMax when it is loaded; its described behaviour applies when
         // called.
         interpreter_.runFile(path);
         interpreter_.globals().findOrMake(L"gMax")->value = commandedParser(behaviour);

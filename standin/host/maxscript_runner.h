@@ -20,7 +20,7 @@ public:
 
     ScriptOutcome run(const std::wstring& text) override;
 
-    // What GetQuietMode answers until a script changes it: whether the host asks nobody anything.
+    // What GetQuietMode returns until a script changes it: whether the host runs unattended.
     void setQuietMode(bool quiet) { quietMode_ = quiet; }
 
     maxscript::Interpreter& interpreter() { return interpreter_; }

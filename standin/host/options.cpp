@@ -80,7 +80,7 @@ std::string HelpText() {
     return "usage: standin-host.exe [OPTION]...\n"
            "A stand-in for the host application. It loads plug-ins, opens and saves scenes and "
            "runs\n"
-           "scripts; each thing it does is told by one JSON line on standard output.\n"
+           "scripts; it reports each action by one JSON line on standard output.\n"
            "\n"
            "  --plugin-dir FOLDER   load every *.gup of this folder\n"
            "  --scene FILE          open this scene; its description is FILE.json\n"

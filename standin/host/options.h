@@ -17,7 +17,7 @@ struct HostOptions {
     Language language = Language::English;
     bool loadMenusLate = false; // read the menu file after the plug-ins were started, not before
     bool exitAfterStart = false;
-    bool quiet = false; // nobody sits before the host
+    bool quiet = false; // the host runs unattended
     bool showHelp = false;
 };
 

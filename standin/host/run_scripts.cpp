@@ -1,4 +1,4 @@
-// A program that runs MAXScript files without a host: for those who write the product's scripts.
+// A program that runs MAXScript files without a host, for authors of the product's scripts.
 #include "standin/host/host_folders.h"
 #include "standin/host/maxscript_runner.h"
 #include "standin/host/text.h"

@@ -16,7 +16,7 @@ public:
     bool open(const std::wstring& path, std::string& error);
 
     // Replaces the content by a description text (see README.md); the file name stays. False, with
-    // a reason, for a text that is no description; nothing changes then.
+    // a reason, for a text that is not a description; nothing changes then.
     bool describe(const std::string& json, std::string& error);
 
     // Saves to the current file, which has to exist as a name: see hasFile(). False when the

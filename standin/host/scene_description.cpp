@@ -152,7 +152,7 @@ bool ReadSceneDescription(const std::string& json, SceneDescription& description
     Read(root, "refuse_save", read.refuseSave);
     Read(root, "save_ms", read.saveMilliseconds);
     read.saveMilliseconds = std::min(std::max(read.saveMilliseconds, 0), kLongestWait);
-    Read(root, "told_path", read.toldPath);
+    Read(root, "told_path", read.reportedPath);
     Read(root, "modified", read.modified);
 
     const Json::Value& scripts = Member(root, "scripts");

@@ -27,8 +27,8 @@ struct SceneDescription {
     std::vector<SceneCamera> cameras;
 
     bool refuseSave = false;
-    int saveMilliseconds = 0; // saving keeps the host busy for so long
-    std::wstring toldPath;    // what plug-ins are told as the scene's path; empty: the real one
+    int saveMilliseconds = 0;  // saving keeps the host busy for so long
+    std::wstring reportedPath; // the path that plug-ins get as the scene's; empty: the real one
     bool modified = false;
     std::map<std::wstring, ScriptBehaviour> scripts; // by file name, in lower case
 };

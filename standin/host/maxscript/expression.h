@@ -30,7 +30,7 @@ public:
     // script must not be able to end the host by recursion.
     Value value(Frame& frame) const;
 
-    // Gives a variable, property or element a value. Throws for what is none of them.
+    // Gives a variable, property or element a value. Throws for any other expression.
     virtual void assign(Frame& frame, const Value& value) const;
     virtual bool isAssignable() const { return false; }
 

@@ -169,7 +169,7 @@ void AddFileFunctions(Interpreter& interpreter, SceneState& state) {
     globals.addValue(L"systemTools", Value(systemTools));
     // Nobody is there to close a box: its text goes to the Listener.
     globals.addFunction(L"messageBox", 1, 1, [](Interpreter& runs, const Arguments& a) {
-        runs.tell(L"messageBox: " + TextOf(a.values[0]) + L"\n");
+        runs.print(L"messageBox: " + TextOf(a.values[0]) + L"\n");
         return Value(true);
     });
     // The stand-in has no cipher: the copy under the new suffix is plain text, which it reads too.

@@ -22,7 +22,7 @@ public:
     // The global of that name (any case), or null.
     std::shared_ptr<GlobalCell> find(const std::wstring& name) const;
 
-    // The global of that name, made with the value undefined when there is none. This is what
+    // The global of that name; a missing one is created with the value undefined. This is what
     // naming an unknown variable at the top level of a script does.
     std::shared_ptr<GlobalCell> findOrMake(const std::wstring& name);
 

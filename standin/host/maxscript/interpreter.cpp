@@ -42,7 +42,7 @@ Interpreter::Interpreter(Listener listener) : listener_(std::move(listener)) {
     AddLanguageLibrary(*this);
 }
 
-void Interpreter::tell(const std::wstring& text) const {
+void Interpreter::print(const std::wstring& text) const {
     if (listener_) {
         listener_(text);
     }

@@ -25,7 +25,7 @@ public:
     Value call(const Value& function, const Values& arguments);
 
     Globals& globals() { return globals_; }
-    void tell(const std::wstring& text) const;
+    void print(const std::wstring& text) const;
     const std::wstring& sourceName() const { return sourceName_; }
 
     // The message of the error that the innermost `catch` handles.

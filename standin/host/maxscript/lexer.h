@@ -32,7 +32,8 @@ struct Token {
     Position position;
 };
 
-// All tokens, ended by one of Kind::End. Throws a ScriptError with the place of what is no token.
+// All tokens, ended by one of Kind::End. Throws a ScriptError with the place of anything that is
+// not a token.
 std::vector<Token> Tokenize(const std::wstring& source,
                             const std::shared_ptr<const std::wstring>& name);
 

@@ -36,7 +36,7 @@ public:
     virtual std::wstring text() const { return L"<" + className() + L">"; }
     virtual bool equals(const Object& other) const { return this == &other; }
 
-    // A property by its name in lower case. False when there is none.
+    // A property by its name in lower case. False when it is missing.
     virtual bool property(const std::wstring&, Value&) { return false; }
     virtual bool setProperty(const std::wstring&, const Value&) { return false; }
 

@@ -14,7 +14,8 @@ Value Negate(const Value& value);
 // `value as className`; the class in lower case.
 Value Convert(const Value& value, const std::wstring& className);
 
-// A property of any value, by its name in lower case. FindProperty is false when there is none.
+// A property of any value, by its name in lower case. FindProperty returns false when it is
+// missing.
 Value PropertyOf(const Value& target, const std::wstring& name);
 bool FindProperty(const Value& target, const std::wstring& name, Value& value);
 

@@ -16,7 +16,7 @@ Value Ok() {
     return Value::special(Value::Kind::Ok);
 }
 
-// By type, by id, or both. Unknown ones are no error, but one of the two has to be given.
+// By type, by id, or both; at least one is required. Unknown ones are not an error.
 Value RemoveScripts(SceneState& state, const Arguments& a) {
     const Value id = a.get(L"id", Value());
     if (a.values.empty() && id.is(Value::Kind::Undefined)) {
@@ -55,7 +55,7 @@ Value ShowCallbacks(Interpreter& interpreter, SceneState& state, const Arguments
     if (const auto sink = a.get(L"to", Value()).as<TextSink>()) {
         sink->write(all);
     } else {
-        interpreter.tell(all);
+        interpreter.print(all);
     }
     return Ok();
 }

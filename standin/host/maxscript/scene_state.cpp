@@ -28,7 +28,7 @@ std::wstring Text(const Json::Value& json, const char* name, const wchar_t* othe
     return value.isString() ? ToWide(value.asString()) : other;
 }
 
-// A camera of the short form: a name, or a name and a size of its own, which V-Ray's camera has.
+// A camera of the short form: a name, or, as for V-Ray's camera, a name and a size.
 Json::Value CameraNode(const Json::Value& camera) {
     Json::Value node(Json::objectValue);
     node["superclass"] = "Camera";

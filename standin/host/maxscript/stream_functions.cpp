@@ -19,7 +19,7 @@ private:
 void Write(Interpreter& interpreter, const Arguments& a, const std::wstring& text) {
     const Value to = a.get(L"to", Value());
     if (to.is(Value::Kind::Undefined)) {
-        interpreter.tell(text);
+        interpreter.print(text);
         return;
     }
     const auto sink = to.as<TextSink>();

@@ -85,7 +85,7 @@ public:
     bool setProperty(const std::wstring& name, const Value& value) override;
 
 private:
-    size_t indexOf(const std::wstring& name) const; // the member count when there is none
+    size_t indexOf(const std::wstring& name) const; // the member count when it is missing
 
     std::shared_ptr<const StructDefinition> definition_;
 

@@ -1,4 +1,5 @@
-// "CustEdit": the system's edit control, which tells its spinner when the user has finished typing.
+// "CustEdit": the system's edit control, which notifies its spinner when the user has finished
+// typing.
 #include "core/core_state.h"
 #include "core/custom_controls.h"
 #include "custcont.h"

@@ -1,4 +1,4 @@
-// What the stand-in's spinner and edit window classes tell each other.
+// The messages between the stand-in's spinner and edit window classes.
 #pragma once
 
 #include "base/windows.h"

@@ -17,7 +17,7 @@ public:
     LibraryFile& operator=(const LibraryFile&) = delete;
     ~LibraryFile();
 
-    // False, with the reason, when the file is no library for this processor.
+    // False, with the reason, when the file is not a library for this processor.
     bool isReadable(const Reason& reason) const;
 
     // Where the library asks to be placed.

@@ -1,4 +1,4 @@
-// Folders that Interface::GetDir tells.
+// Folders that Interface::GetDir returns.
 #pragma once
 
 #define APP_SCENE_DIR 1

@@ -56,7 +56,7 @@ public:
     virtual void SetKeyBrackets(BOOL onOff) = 0;
 };
 
-// Whoever gets a spinner's interface releases it.
+// The caller of GetISpinner releases the interface.
 CoreExport ISpinnerControl* GetISpinner(HWND hCtrl);
 CoreExport void ReleaseISpinner(ISpinnerControl* isc);
 CoreExport ISpinnerControl* SetupIntSpinner(HWND hwnd, int idSpin, int idEdit, int min, int max,

@@ -1,4 +1,4 @@
-// Events of the host that a plug-in can ask to be told of.
+// Events of the host that a plug-in can register for.
 #pragma once
 
 #include "CoreExport.h"

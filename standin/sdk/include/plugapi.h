@@ -1,4 +1,4 @@
-// Versions of the host, and what a plug-in library tells about one of its classes.
+// Versions of the host, and the description of a plug-in library's class.
 #pragma once
 
 #include "CoreExport.h"

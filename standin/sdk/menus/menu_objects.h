@@ -1,5 +1,5 @@
 // The stand-in's own menus and items. All live objects are listed, so that the manager can free
-// what nobody released.
+// what was never released.
 #pragma once
 
 #include "actiontable.h"
@@ -123,7 +123,7 @@ private:
 int LiveMenuCount();
 int LiveItemCount();
 StandinMenu* LiveMenu(int index);
-// Frees the oldest objects until no more than these are left.
+// Frees the oldest objects until at most these are left.
 void FreeOldest(int keptMenus, int keptItems);
 
 // The same object seen by the host program.

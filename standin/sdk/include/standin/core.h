@@ -9,8 +9,8 @@ extern "C" {
 
 // ---- What the plug-in asks of the host application ----
 
-// A script's result. `kind` tells which member counts; `text` belongs to whoever filled it and has
-// to stay valid until the next script runs.
+// A script's result. `kind` says which member counts; `text` belongs to the one that filled it and
+// has to stay valid until the next script runs.
 enum standin_value_kind {
     STANDIN_VALUE_NONE,    // no value: undefined, ok
     STANDIN_VALUE_BOOLEAN, // integer 0 or 1

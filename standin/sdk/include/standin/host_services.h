@@ -5,7 +5,7 @@
 
 extern "C" {
 
-// The host's script runner. 0 when there is no host, or away from its main thread.
+// The host's script runner. 0 without a host, and on any thread but its main thread.
 int standin_run_script(const wchar_t* text, int quiet_errors, int log_quiet_errors,
                        standin_value* result);
 
