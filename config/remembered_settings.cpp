@@ -2,6 +2,7 @@
 
 #include "base/folders.h"
 #include "config/dialog_choices.h"
+#include "config/render_choices.h"
 #include "resources/controls.h"
 
 #include <algorithm>
@@ -33,12 +34,12 @@ const std::vector<RememberedControl>& RememberedControls() {
         {IDC_SAVE_SCENE_FILE, L"IDC_SAVE_SCENE_FILE", RememberedKind::CheckBox, L"1"},
         {IDC_REMEMBER, L"REMBER_SETTING", RememberedKind::CheckBox, L"0"},
         {IDC_GI_SCALE, L"GI_SIZE", RememberedKind::DropDownList, L"0"},
-        {IDC_TIME_LIMIT, L"EDIT_DURATION2", RememberedKind::EditField, L"0"},
-        {IDC_AO_RADIUS, L"EDIT_AO_RADIUS", RememberedKind::EditField, L"1000.0"},
-        {IDC_AO_SUBDIVS, L"EDIT_AO_SUBDIVS", RememberedKind::EditField, L"16"},
+        {IDC_TIME_LIMIT, L"EDIT_DURATION2", RememberedKind::EditField, kNoLimit},
+        {IDC_AO_RADIUS, L"EDIT_AO_RADIUS", RememberedKind::EditField, kDefaultAoRadius},
+        {IDC_AO_SUBDIVS, L"EDIT_AO_SUBDIVS", RememberedKind::EditField, kDefaultAoSubdivs},
         {IDC_GAMMA, L"EDIT_OUTPUT_GAMMA", RememberedKind::EditField, L"2.2"},
-        {IDC_PASS_LIMIT, L"EDIT_ITERATIONS_A", RememberedKind::EditField, L"0"},
-        {IDC_NOISE_LEVEL, L"EDIT_NOISE_LEVEL2", RememberedKind::EditField, L"0"},
+        {IDC_PASS_LIMIT, L"EDIT_ITERATIONS_A", RememberedKind::EditField, kNoLimit},
+        {IDC_NOISE_LEVEL, L"EDIT_NOISE_LEVEL2", RememberedKind::EditField, kNoLimit},
         {IDC_NO_BLOCKS, L"NOBLOCK", RememberedKind::RadioButton, L"1"},
         {IDC_THREE_BLOCKS, L"THREEBLOCK", RememberedKind::RadioButton, L"0"},
         {IDC_SIX_BLOCKS, L"SIXBLOCK", RememberedKind::RadioButton, L"0"},
@@ -109,7 +110,7 @@ std::vector<RememberedValue> ReadRememberedSettings() {
 }
 
 int RememberedSelection(std::int32_t selection) {
-    return selection >= 1 && selection <= 3 ? selection : 0;
+    return selection >= 0 && selection < kGiScaleCount ? selection : 0;
 }
 
 } // namespace orv

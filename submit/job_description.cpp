@@ -7,6 +7,7 @@
 #include "base/handles.h"
 #include "config/dialog_choices.h"
 #include "config/plugin_data.h"
+#include "config/render_choices.h"
 #include "config/submission_windows.h"
 #include "resources/controls.h"
 #include "resources/texts.h"
@@ -21,9 +22,6 @@
 
 namespace orv {
 namespace {
-
-constexpr std::int32_t kNoBlocks = 1;
-constexpr std::int32_t kDistributedBlocks = 1010;
 
 Json::Value CameraJson(const std::wstring& name, const CameraInfo& camera) {
     Json::Value json;

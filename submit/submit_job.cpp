@@ -10,6 +10,7 @@
 #include "client/guid_text.h"
 #include "config/dialog_choices.h"
 #include "config/plugin_data.h"
+#include "config/render_choices.h"
 #include "config/submission_windows.h"
 #include "host/host.h"
 #include "resources/controls.h"
@@ -36,11 +37,9 @@ constexpr wchar_t kOutputFolderSuffix[] = L"_plugin_output";
 // told.
 constexpr DWORD kArchiveSettleMilliseconds = 1000;
 
-// GI image scale by the selection in its list; no selection counts as the first.
-constexpr const char* kGiScales[] = {"100%", "50%", "33%", "25%"};
-
+// No selection counts as the first.
 const char* GiScaleText(std::int32_t selection) {
-    return kGiScales[selection >= 1 && selection <= 3 ? selection : 0];
+    return kGiScales[selection >= 0 && selection < kGiScaleCount ? selection : 0];
 }
 
 // One submission. The steps that can end it return false and have set `result_` by then.

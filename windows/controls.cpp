@@ -57,10 +57,6 @@ void Arrows::setRange(int minimum, int maximum) const {
     send(UDM_SETRANGE32, static_cast<WPARAM>(minimum), maximum);
 }
 
-void Arrows::setPosition(int position) const {
-    send(UDM_SETPOS32, 0, position);
-}
-
 int CheckList::rowCount() const {
     return static_cast<int>(send(LVM_GETITEMCOUNT));
 }

@@ -84,8 +84,6 @@ public:
     using Control::Control;
 
     void setRange(int minimum, int maximum) const;
-    // An edit that the arrows count in shows the position.
-    void setPosition(int position) const;
 };
 
 // A list view with check boxes. Its rows count from 0.

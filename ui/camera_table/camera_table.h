@@ -3,7 +3,7 @@
 
 #include "base/noncopyable.h"
 #include "base/windows.h"
-#include "config/scene_analysis.h"
+#include "config/plugin_data.h"
 
 #include <commctrl.h>
 
@@ -57,5 +57,21 @@ private:
     std::wstring normal_;
     std::wstring emptyText_;
 };
+
+// From the table to the render options of its rows. `dialog` is the main dialog, whose camera table
+// is the control IDC_CAMERAS, with `cameras` behind it. The ticks go into the records first,
+// because the render options rebuild the table from them.
+
+// Edits the one row that has the focus and is selected; does nothing when there is none.
+void EditFocusedCamera(HWND dialog, CameraTable& cameras, PluginData& data);
+
+// Edits all selected rows together; does nothing when there are none.
+void EditSelectedCameras(HWND dialog, CameraTable& cameras, PluginData& data);
+
+// Enables the button that edits several cameras while more than one row is selected.
+void UpdateEditButton(HWND dialog);
+
+// Whether a notification of the camera table may have changed which rows are selected.
+bool ChangesSelection(const NMHDR& header);
 
 } // namespace orv

@@ -1,7 +1,11 @@
 #include "ui/main_dialog/main_controls.h"
 
+#include "analysis/text/names.h"
+#include "analysis/text/text_convert.h"
+#include "config/render_choices.h"
+#include "log/module_log.h"
 #include "resources/controls.h"
-#include "ui/main_dialog/block_mode.h"
+#include "submit/dialog_input/dialog_log.h"
 #include "windows/controls.h"
 
 #include <algorithm>
@@ -11,86 +15,80 @@
 namespace orv {
 namespace {
 
-constexpr std::int32_t kLargest = std::numeric_limits<std::int32_t>::max();
-constexpr int kWholeNumber = -1;
+constexpr std::int32_t kMostPasses = std::numeric_limits<std::int32_t>::max();
+constexpr int kLongestTime = 239; // hours
+constexpr int kMostNoise = 100;   // per cent
 
-constexpr SpinnerRule kSpinnerRules[] = {
-    {IDC_GAMMA_SPIN, IDC_GAMMA, 0.1, {0.1, 5.0}},
-    {IDC_AO_RADIUS_SPIN, IDC_AO_RADIUS, 0.1, {10.0, 1000000000.0}},
-    {IDC_BLOCK_COUNT_SPIN, IDC_BLOCK_COUNT, 1.0, {kFewestBlocks, kMostBlocks}},
-    {IDC_TIME_LIMIT_SPIN, IDC_TIME_LIMIT, 0.1, {0.0, 239.0}},
-    {IDC_NOISE_LEVEL_SPIN, IDC_NOISE_LEVEL, 0.1, {0.0, 100.0}},
+// Arrows with a step never move from their own position: the edit holds the number.
+constexpr NumberRules kNumberFields[] = {
+    {IDC_GAMMA, IDC_GAMMA_SPIN, {0.1, 5.0}, TypedText::Kept, 0.1, 0, 5, nullptr},
+    {IDC_AO_RADIUS,
+     IDC_AO_RADIUS_SPIN,
+     {10.0, 1000000000.0},
+     TypedText::Kept,
+     0.1,
+     0,
+     707072,
+     kDefaultAoRadius},
+    {IDC_AO_SUBDIVS,
+     IDC_AO_SUBDIVS_SPIN,
+     {1.0, 1000.0},
+     TypedText::Kept,
+     kOwnCount,
+     1,
+     1000,
+     kDefaultAoSubdivs},
+    {IDC_BLOCK_COUNT,
+     IDC_BLOCK_COUNT_SPIN,
+     {kFewestBlocks, kMostBlocks},
+     TypedText::WholeNumber,
+     1.0,
+     kFewestBlocks,
+     kMostBlocks,
+     L"10"},
+    {IDC_PASS_LIMIT,
+     IDC_PASS_LIMIT_SPIN,
+     {0.0, kMostPasses},
+     TypedText::WholeNumber,
+     kOwnCount,
+     0,
+     kMostPasses,
+     kNoLimit},
+    {IDC_NOISE_LEVEL,
+     IDC_NOISE_LEVEL_SPIN,
+     {0.0, kMostNoise},
+     TypedText::Decimal,
+     0.1,
+     0,
+     kMostNoise,
+     kNoLimit},
+    {IDC_TIME_LIMIT,
+     IDC_TIME_LIMIT_SPIN,
+     {0.0, kLongestTime},
+     TypedText::Decimal,
+     0.1,
+     0,
+     kLongestTime,
+     L"0.0"},
 };
 
-constexpr EditRule kEditRules[] = {
-    {IDC_TIME_LIMIT, 3, {0.0, 239.0}},
-    {IDC_NOISE_LEVEL, 3, {0.0, 100.0}},
-    {IDC_PASS_LIMIT, kWholeNumber, {0.0, kLargest}},
-    {IDC_BLOCK_COUNT, kWholeNumber, {kFewestBlocks, kMostBlocks}},
+struct BlockRadio {
+    int radioButton;
+    std::int32_t mode;
 };
 
-struct EditDefault {
-    int edit;
-    const wchar_t* text;
+constexpr BlockRadio kBlockRadios[] = {
+    {IDC_NO_BLOCKS, kNoBlocks},
+    {IDC_THREE_BLOCKS, kThreeBlocks},
+    {IDC_SIX_BLOCKS, kSixBlocks},
+    {IDC_DISTRIBUTED_BLOCKS, kDistributedBlocks},
 };
 
-constexpr EditDefault kEditDefaults[] = {
-    {IDC_AO_RADIUS, L"1000.0"}, {IDC_BLOCK_COUNT, L"10"}, {IDC_TIME_LIMIT, L"0.0"},
-    {IDC_NOISE_LEVEL, L"0"},    {IDC_PASS_LIMIT, L"0"},
+// A check box that enables what belongs to it.
+struct EnablingRule {
+    int checkBox;
+    std::vector<int> controls;
 };
-
-// The arrows' own ranges. Those with a rule above never move from their position: the edit holds
-// the number.
-struct SpinnerRange {
-    int spinner;
-    int minimum;
-    int maximum;
-};
-
-constexpr SpinnerRange kSpinnerRanges[] = {
-    {IDC_AO_RADIUS_SPIN, 0, 707072},
-    {IDC_AO_SUBDIVS_SPIN, 1, 1000},
-    {IDC_GAMMA_SPIN, 0, 5},
-    {IDC_BLOCK_COUNT_SPIN, kFewestBlocks, kMostBlocks},
-    {IDC_PASS_LIMIT_SPIN, 0, kLargest},
-    {IDC_TIME_LIMIT_SPIN, 0, 239},
-    {IDC_NOISE_LEVEL_SPIN, 0, 100},
-};
-
-constexpr int kAoSubdivs = 16;
-
-} // namespace
-
-const std::vector<int> kBlockCountControls = {IDC_BLOCK_COUNT_LABEL, IDC_BLOCK_COUNT,
-                                              IDC_BLOCK_COUNT_SPIN};
-const std::vector<int> kCoronaControls = {
-    IDC_PASS_LIMIT_LABEL,  IDC_PASS_LIMIT,  IDC_PASS_LIMIT_SPIN,  IDC_PASS_LIMIT_UNIT,
-    IDC_NOISE_LEVEL_LABEL, IDC_NOISE_LEVEL, IDC_NOISE_LEVEL_SPIN, IDC_NOISE_LEVEL_UNIT,
-    IDC_TIME_LIMIT_LABEL,  IDC_TIME_LIMIT,  IDC_TIME_LIMIT_SPIN,  IDC_TIME_LIMIT_UNIT,
-    IDC_LIMITS_NOTE,       IDC_LIMITS_BOX};
-const std::vector<int> kNoLimitControls = {IDC_NO_LIMITS, IDC_NO_LIMITS_BOX};
-const std::vector<int> kGiControls = {IDC_GI_CHANNEL, IDC_GI_SCALE_LABEL, IDC_GI_SCALE};
-
-const SpinnerRule* FindSpinnerRule(int spinner) {
-    const auto found =
-        std::find_if(std::begin(kSpinnerRules), std::end(kSpinnerRules),
-                     [spinner](const SpinnerRule& rule) { return rule.spinner == spinner; });
-    return found == std::end(kSpinnerRules) ? nullptr : found;
-}
-
-const EditRule* FindEditRule(int edit) {
-    const auto found = std::find_if(std::begin(kEditRules), std::end(kEditRules),
-                                    [edit](const EditRule& rule) { return rule.edit == edit; });
-    return found == std::end(kEditRules) ? nullptr : found;
-}
-
-std::wstring TextByRule(const EditRule& rule, const std::wstring& text) {
-    if (rule.fractionDigits == kWholeNumber)
-        return ClampWholeNumber(text, static_cast<std::int32_t>(rule.range.minimum),
-                                static_cast<std::int32_t>(rule.range.maximum));
-    return ClampDecimal(FilterDecimal(text, static_cast<std::size_t>(rule.fractionDigits)),
-                        rule.range);
-}
 
 const std::vector<EnablingRule>& EnablingRules() {
     static const std::vector<EnablingRule> rules = {
@@ -102,10 +100,55 @@ const std::vector<EnablingRule>& EnablingRules() {
     return rules;
 }
 
-void EnableByCheckBoxes(HWND dialog) {
-    for (const EnablingRule& rule : EnablingRules())
-        EnableControls(dialog, rule.controls, CheckBox(dialog, rule.checkBox).isChecked());
+} // namespace
+
+const NumberRules* FindNumberField(int control) {
+    for (const NumberRules& field : kNumberFields) {
+        if (field.edit == control || field.arrows == control)
+            return &field;
+    }
+    return nullptr;
 }
+
+void OpenNumberFields(HWND dialog) {
+    for (const NumberRules& field : kNumberFields)
+        NumberField(dialog, field).open();
+}
+
+std::int32_t BlockModeOf(int radioButton) {
+    for (const BlockRadio& radio : kBlockRadios) {
+        if (radio.radioButton == radioButton)
+            return radio.mode;
+    }
+    return 0;
+}
+
+std::int32_t ChosenBlockMode(HWND dialog) {
+    for (const BlockRadio& radio : kBlockRadios) {
+        if (CheckBox(dialog, radio.radioButton).isChecked())
+            return radio.mode;
+    }
+    return kNoBlocks;
+}
+
+void ChooseBlockMode(HWND dialog, int radioButton) {
+    for (const BlockRadio& radio : kBlockRadios)
+        CheckBox(dialog, radio.radioButton).check(radio.radioButton == radioButton);
+}
+
+bool IsMaterialChannelPossible(std::int32_t blockMode) {
+    return blockMode != kThreeBlocks && blockMode != kSixBlocks;
+}
+
+const std::vector<int> kBlockCountControls = {IDC_BLOCK_COUNT_LABEL, IDC_BLOCK_COUNT,
+                                              IDC_BLOCK_COUNT_SPIN};
+const std::vector<int> kCoronaControls = {
+    IDC_PASS_LIMIT_LABEL,  IDC_PASS_LIMIT,  IDC_PASS_LIMIT_SPIN,  IDC_PASS_LIMIT_UNIT,
+    IDC_NOISE_LEVEL_LABEL, IDC_NOISE_LEVEL, IDC_NOISE_LEVEL_SPIN, IDC_NOISE_LEVEL_UNIT,
+    IDC_TIME_LIMIT_LABEL,  IDC_TIME_LIMIT,  IDC_TIME_LIMIT_SPIN,  IDC_TIME_LIMIT_UNIT,
+    IDC_LIMITS_NOTE,       IDC_LIMITS_BOX};
+const std::vector<int> kNoLimitControls = {IDC_NO_LIMITS, IDC_NO_LIMITS_BOX};
+const std::vector<int> kGiControls = {IDC_GI_CHANNEL, IDC_GI_SCALE_LABEL, IDC_GI_SCALE};
 
 void EnableControls(HWND dialog, const std::vector<int>& ids, bool enabled) {
     for (const int id : ids)
@@ -117,25 +160,65 @@ void ShowControls(HWND dialog, const std::vector<int>& ids, bool shown) {
         Control(dialog, id).show(shown);
 }
 
-void SetOpeningDefaults(HWND dialog) {
-    for (const SpinnerRange& range : kSpinnerRanges)
-        Arrows(dialog, range.spinner).setRange(range.minimum, range.maximum);
-    Arrows(dialog, IDC_AO_SUBDIVS_SPIN).setPosition(kAoSubdivs);
-    for (const EditDefault& value : kEditDefaults)
-        Edit(dialog, value.edit).setText(value.text);
+void DisableOptionsOfCheckBoxes(HWND dialog) {
+    for (const EnablingRule& rule : EnablingRules())
+        EnableControls(dialog, rule.controls, false);
 }
 
-void ApplyEditRule(HWND dialog, const EditRule& rule) {
-    const Edit edit(dialog, rule.edit);
-    const std::wstring text = edit.text();
-    const std::wstring kept = TextByRule(rule, text);
-    if (kept != text)
-        edit.setTextAndCaret(kept);
+void EnableByCheckBoxes(HWND dialog) {
+    for (const EnablingRule& rule : EnablingRules())
+        EnableControls(dialog, rule.controls, CheckBox(dialog, rule.checkBox).isChecked());
 }
 
-void StepEdit(HWND dialog, const SpinnerRule& rule, int steps) {
-    const Edit edit(dialog, rule.edit);
-    edit.setTextAndCaret(StepDecimal(edit.text(), steps, rule.step, rule.range));
+std::vector<HWND> EnabledControlsButCancel(HWND dialog) {
+    std::vector<HWND> enabled;
+    for (HWND child = ::GetWindow(dialog, GW_CHILD); child != nullptr;
+         child = ::GetWindow(child, GW_HWNDNEXT)) {
+        if (::GetDlgCtrlID(child) != IDCANCEL && ::IsWindowEnabled(child))
+            enabled.push_back(child);
+    }
+    return enabled;
+}
+
+void ControlLock::lock(HWND dialog) {
+    if (isLocked_)
+        return;
+    disabled_ = EnabledControlsButCancel(dialog);
+    isLocked_ = true;
+    cancel_ = ::GetDlgItem(dialog, IDCANCEL);
+    focus_ = ::GetFocus();
+    if (focus_ != nullptr && ::IsChild(dialog, focus_))
+        ::SetFocus(cancel_); // a disabled control would swallow the keys, Escape among them
+    else
+        focus_ = nullptr;
+    for (HWND control : disabled_)
+        ::EnableWindow(control, FALSE);
+}
+
+void ControlLock::unlock() {
+    isLocked_ = false;
+    for (HWND control : disabled_)
+        ::EnableWindow(control, TRUE);
+    disabled_.clear();
+    HWND now = ::GetFocus();
+    if (focus_ != nullptr && (now == nullptr || now == cancel_))
+        ::SetFocus(focus_);
+    focus_ = nullptr;
+}
+
+void SetSceneName(HWND field, const std::string& fileName) {
+    const std::wstring name = SceneNameOf(Utf8ToWide(fileName));
+    Edit(field).setText(name);
+    if (name.empty())
+        WriteDialogLog(kWarn, "The scene name is empty!");
+    else
+        WriteDialogLog(kInfo, "Set scene name successfully.");
+}
+
+std::wstring GetSceneName(HWND field) {
+    std::wstring name = SceneFileNameOf(Edit(field).text());
+    WriteDialogLog(kInfo, "Get scene name text down, it is :" + WideToUtf8(name));
+    return name;
 }
 
 } // namespace orv

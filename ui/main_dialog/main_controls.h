@@ -1,60 +1,77 @@
-// The controls of the main dialog as tables, and what is done with them by its handle.
+// The controls of the main dialog as tables, and what is done with groups of them.
 #pragma once
 
+#include "base/noncopyable.h"
 #include "base/windows.h"
-#include "ui/decimal_field.h"
+#include "windows/number_field.h"
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace orv {
 
-// Arrows beside an edit for a decimal number: one click changes the number by `step`.
-struct SpinnerRule {
-    int spinner;
-    int edit;
-    double step;
-    DecimalRange range;
-};
-// Null for a control that is none of them.
-const SpinnerRule* FindSpinnerRule(int spinner);
+// The field that the edit or the arrows `control` belong to, null for any other control.
+const NumberRules* FindNumberField(int control);
 
-// The rule of an edit whose text is looked at on each change. A fraction of -1 digits stands for a
-// whole number.
-struct EditRule {
-    int edit;
-    int fractionDigits;
-    DecimalRange range;
-};
-const EditRule* FindEditRule(int edit);
-// What becomes of a text under the rule.
-std::wstring TextByRule(const EditRule& rule, const std::wstring& text);
+// Sets the ranges of all fields for numbers, and the values that they have before anything is
+// remembered.
+void OpenNumberFields(HWND dialog);
 
-// A check box that enables what belongs to it.
-struct EnablingRule {
-    int checkBox;
-    std::vector<int> controls;
-};
-const std::vector<EnablingRule>& EnablingRules();
-// Enables the controls of each such check box by its tick.
-void EnableByCheckBoxes(HWND dialog);
+// The radio buttons of the block modes (config/render_choices.h).
 
-void EnableControls(HWND dialog, const std::vector<int>& ids, bool enabled);
-void ShowControls(HWND dialog, const std::vector<int>& ids, bool shown);
+// The mode of a radio button; 0 for any other control.
+std::int32_t BlockModeOf(int radioButton);
+// The mode whose radio button is chosen; kNoBlocks when none is.
+std::int32_t ChosenBlockMode(HWND dialog);
+void ChooseBlockMode(HWND dialog, int radioButton);
+// The material channel needs the whole image or blocks that are whole images.
+bool IsMaterialChannelPossible(std::int32_t blockMode);
+
+// Groups of controls.
 
 extern const std::vector<int> kBlockCountControls; // of the distributed blocks
 extern const std::vector<int> kCoronaControls;     // shown for a renderer that has limits
 extern const std::vector<int> kNoLimitControls;    // shown for any other
 extern const std::vector<int> kGiControls;         // hidden where there are limits
 
-// Puts the values into the options that they have before anything is remembered, and sets the
-// arrows' ranges.
-void SetOpeningDefaults(HWND dialog);
+void EnableControls(HWND dialog, const std::vector<int>& ids, bool enabled);
+void ShowControls(HWND dialog, const std::vector<int>& ids, bool shown);
 
-// Brings an edit's text under its rule. Writes only what differs: each writing is a change again.
-void ApplyEditRule(HWND dialog, const EditRule& rule);
+// Some check boxes enable what belongs to them. Disables it all, or enables it by the ticks.
+void DisableOptionsOfCheckBoxes(HWND dialog);
+void EnableByCheckBoxes(HWND dialog);
 
-// Carries out a click on arrows.
-void StepEdit(HWND dialog, const SpinnerRule& rule, int steps);
+std::vector<HWND> EnabledControlsButCancel(HWND dialog);
+
+// Keeps the controls of a dialog from the user while its submission runs, except for Cancel. For
+// the dialog's own thread.
+class ControlLock : private rud_Noncopyable {
+public:
+    // Disables every control of `dialog` that is enabled, except for Cancel, which gets the
+    // keyboard. Locking what is locked has no effect.
+    void lock(HWND dialog);
+
+    // Enables those controls again, no others, and gives the keyboard back to the one that had it.
+    void unlock();
+
+    bool isLocked() const { return isLocked_; }
+
+private:
+    bool isLocked_ = false;
+    HWND cancel_ = nullptr;
+    HWND focus_ = nullptr; // null when no control of the dialog had the keyboard
+    std::vector<HWND> disabled_;
+};
+
+// The edit that holds the name under which the scene is submitted.
+
+// Puts the scene's name into the edit `field`: `fileName` (UTF-8, as the analysis found it) without
+// ".max", which is added again when it is read. Writes its line to "rud_ui".
+void SetSceneName(HWND field, const std::string& fileName);
+
+// The file name that the text of the edit `field` stands for, ".max" at its end. Writes it to
+// "rud_ui".
+std::wstring GetSceneName(HWND field);
 
 } // namespace orv

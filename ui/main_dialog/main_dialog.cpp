@@ -14,12 +14,7 @@
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "submit/dialog_input/dialog_log.h"
-#include "ui/camera_table/scene_name_field.h"
 #include "ui/camera_table/warnings_list.h"
-#include "ui/main_dialog/block_mode.h"
-#include "ui/main_dialog/camera_editing.h"
-#include "ui/main_dialog/client_version.h"
-#include "ui/main_dialog/main_controls.h"
 #include "ui/main_dialog/main_layout.h"
 #include "ui/workers.h"
 #include "windows/controls.h"
@@ -31,7 +26,19 @@
 #include <vector>
 
 namespace orv {
-MainDialog::MainDialog(PluginData& data) : data_(data) {}
+ClientVersion CheckClientVersion(const std::wstring& lowestAccepted,
+                                 const std::wstring& pluginVersion) {
+    // The length of "1.3.7". The client writes its settings for plug-ins that compare in this way.
+    const std::size_t compared = 5;
+    if (lowestAccepted.empty())
+        return ClientVersion::Missing;
+    const int order = lowestAccepted.compare(0, compared, pluginVersion, 0, compared);
+    if (order > 0 || (order == 0 && lowestAccepted.size() > compared))
+        return ClientVersion::PluginTooOld;
+    return ClientVersion::Accepted;
+}
+
+MainDialog::MainDialog(PluginData& data) : data_(data), options_(data) {}
 
 void MainDialog::writeError(const std::string& line) {
     WriteDialogLog(kError, line);
@@ -45,14 +52,12 @@ bool MainDialog::onInit(LPARAM /*parameter*/) {
     if (!winsock_->started()) {
         std::fputs("Load WinSock Failed!\n", stdout);
         WriteDialogLog(kError, "Load WinSock Failed!");
-        for (HWND child = ::GetWindow(window(), GW_CHILD); child != nullptr;
-             child = ::GetWindow(child, GW_HWNDNEXT)) {
-            if (::GetDlgCtrlID(child) != IDCANCEL) // nothing is filled in: nothing to submit
-                ::EnableWindow(child, FALSE);
-        }
+        // Nothing is filled in: there is nothing to submit.
+        for (HWND control : EnabledControlsButCancel(window()))
+            ::EnableWindow(control, FALSE);
         return true;
     }
-    SetOpeningDefaults(window());
+    options_.open(window());
     switch (initialise(true)) {
     case Outcome::Filled:
         break;
@@ -63,7 +68,6 @@ bool MainDialog::onInit(LPARAM /*parameter*/) {
         return true;
     }
     EnableControls(window(), {IDC_EDIT_CAMERAS}, false); // no row is selected yet
-    EnableControls(window(), kBlockCountControls, blockMode() == kDistributedBlocks);
     toolTips_ = std::make_unique<host::ToolTips>();
     toolTips_->set(control(IDC_REMEMBER), ResourceText(IDS_REMEMBER_TOOLTIP));
     toolTips_->set(control(IDC_SAVE_SCENE_FILE), ResourceText(IDS_SAVE_SCENE_TOOLTIP));
@@ -74,7 +78,7 @@ bool MainDialog::onInit(LPARAM /*parameter*/) {
 
 bool MainDialog::onCommand(int id, int code) {
     const bool free = isFree();
-    if (onOption(id, code))
+    if (options_.onCommand(id, code))
         return true;
     switch (id) {
     case IDC_SUBMIT:
@@ -119,10 +123,8 @@ bool MainDialog::onNotify(NMHDR& header, LRESULT& result) {
     }
     const int id = static_cast<int>(header.idFrom);
     if (header.code == static_cast<UINT>(UDN_DELTAPOS)) {
-        const SpinnerRule* rule = FindSpinnerRule(id);
-        if (rule == nullptr)
+        if (!options_.onArrows(id, reinterpret_cast<const NMUPDOWN&>(header).iDelta))
             return false;
-        StepEdit(window(), *rule, reinterpret_cast<const NMUPDOWN&>(header).iDelta);
         result = TRUE; // the arrows have no position of their own: the edit holds the number
         return true;
     }
@@ -237,7 +239,6 @@ bool MainDialog::readReport() {
 }
 
 void MainDialog::fill(bool first) {
-    selectBlocks(IDC_NO_BLOCKS);
     const std::string sceneFile = InitSceneName(data_.analysis);
     SetSceneName(control(IDC_SCENE_NAME), sceneFile);
     // The open scene lies under this name: only another one that is typed has to be saved.
@@ -246,19 +247,15 @@ void MainDialog::fill(bool first) {
     fillWarnings();
     if (first)
         cameras_.attach(control(IDC_CAMERAS));
-    Edit(window(), IDC_GAMMA).setText(DecimalText(data_.analysis.gammaOut, 1));
-    for (const EnablingRule& rule : EnablingRules())
-        EnableControls(window(), rule.controls, false);
     if (data_.analysis.cameras.size() < 2)
         EnableControls(window(), {IDC_EDIT_CAMERAS}, false);
-    showLimits();
     if (first) {
         cameras_.createHead();
         cameras_.create(data_.analysis.cameras);
     } else {
         cameras_.update(data_.analysis.cameras);
     }
-    fillOptions(first);
+    options_.fill(first);
 }
 
 void MainDialog::fillWarnings() {
@@ -287,7 +284,7 @@ bool MainDialog::startSubmission() {
     if (data_.confirmationRequired &&
         ShowMessage(window(), IDS_CONFIRM_SUBMISSION, IDS_CAPTION, MB_OKCANCEL) != IDOK)
         return false;
-    takeBlocks();
+    options_.takeBlocks();
     cameras_.readTicks(data_.analysis.cameras); // the submission has the table rebuilt from them
     lock_.lock(window());
     const SubmissionStart start = StartSubmission(window());

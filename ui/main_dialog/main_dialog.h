@@ -3,17 +3,29 @@
 
 #include "client/client_link.h"
 #include "config/plugin_data.h"
-#include "config/remembered_settings.h"
 #include "host/host.h"
 #include "ui/camera_table/camera_table.h"
 #include "ui/dialog.h"
-#include "ui/main_dialog/control_lock.h"
+#include "ui/main_dialog/main_controls.h"
+#include "ui/main_dialog/main_options.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
 
 namespace orv {
+
+enum class ClientVersion {
+    Accepted,
+    Missing,      // the client's settings name no version: it was never started here
+    PluginTooOld, // the client asks for a newer plug-in
+};
+
+// Whether the farm's client accepts this version of the plug-in. Compares the lowest version that
+// the client accepts, as its settings give it, with `pluginVersion`, character by character over
+// the first five. A longer text that begins with the plug-in's own version asks for a newer one.
+ClientVersion CheckClientVersion(const std::wstring& lowestAccepted,
+                                 const std::wstring& pluginVersion);
 
 // Ends with 0, or with kSceneNotAnalysed.
 class MainDialog : public Dialog {
@@ -47,22 +59,6 @@ private:
     bool readReport();
     void fill(bool first);
     void fillWarnings();
-    void fillOptions(bool first);
-    // Shows what the scene's renderer has limits for.
-    void showLimits();
-    void restoreSettings();
-    void restoreSetting(const RememberedValue& value);
-
-    // Answers to a control of the options; false for any other.
-    bool onOption(int id, int code);
-    // The code of the radio button that is chosen.
-    std::int32_t blockMode() const;
-    // Writes it and the number of blocks into the records, which belong to the submission while one
-    // runs.
-    void takeBlocks();
-    void selectBlocks(int radioButton);
-    void applyMaterialRule();
-
     void analyseAgain();
     void submit();
     // True when the submission runs now; otherwise the user was told what there is to tell.
@@ -79,6 +75,7 @@ private:
 
     PluginData& data_;
     CameraTable cameras_;
+    MainOptions options_;
     // While the dialog is open:
     std::unique_ptr<WinsockSession> winsock_;
     std::unique_ptr<host::ToolTips> toolTips_;

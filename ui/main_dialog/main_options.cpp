@@ -1,85 +1,91 @@
-// The options of the main dialog: what they start with, what is restored, what a change leads to.
+#include "ui/main_dialog/main_options.h"
+
 #include "analysis/text/numbers.h"
-#include "config/remembered_settings.h"
+#include "analysis/text/text_convert.h"
+#include "config/render_choices.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "ui/main_dialog/block_mode.h"
 #include "ui/main_dialog/main_controls.h"
-#include "ui/main_dialog/main_dialog.h"
 #include "ui/workers.h"
 #include "windows/controls.h"
 
 namespace orv {
 namespace {
 
-constexpr int kBlockRadios[] = {IDC_NO_BLOCKS, IDC_THREE_BLOCKS, IDC_SIX_BLOCKS,
-                                IDC_DISTRIBUTED_BLOCKS};
-
-const wchar_t* const kGiScales[] = {L"100%", L"50%", L"33%", L"25%"};
-
 constexpr wchar_t kOn[] = L"1";
 constexpr wchar_t kOff[] = L"0";
 
 } // namespace
 
-void MainDialog::fillOptions(bool first) {
-    const ComboBox scales(window(), IDC_GI_SCALE);
+void MainOptions::open(HWND dialog) {
+    dialog_ = dialog;
+    OpenNumberFields(dialog_);
+}
+
+void MainOptions::fill(bool first) {
+    chooseBlocks(IDC_NO_BLOCKS);
+    Edit(dialog_, IDC_GAMMA).setText(DecimalText(data_.analysis.gammaOut, 1));
+    DisableOptionsOfCheckBoxes(dialog_);
+    showLimits();
+    const ComboBox scales(dialog_, IDC_GI_SCALE);
     scales.clear();
-    for (const wchar_t* scale : kGiScales)
-        scales.add(scale);
+    for (const char* scale : kGiScales)
+        scales.add(Utf8ToWide(scale));
     scales.select(0);
     if (first)
-        CheckBox(window(), IDC_SAVE_SCENE_FILE).check(true);
+        CheckBox(dialog_, IDC_SAVE_SCENE_FILE).check(true);
     restoreSettings();
 }
 
-void MainDialog::showLimits() {
+void MainOptions::showLimits() {
     const bool hasLimits = data_.analysis.coronaState != CoronaLimitState::NoLimits;
     if (!hasLimits)
-        Control(window(), IDC_NO_LIMITS).setText(ResourceText(IDS_NO_RENDERER_LIMITS));
-    ShowControls(window(), kCoronaControls, hasLimits);
-    ShowControls(window(), kNoLimitControls, !hasLimits);
-    ShowControls(window(), kGiControls, !hasLimits); // Corona has no such pass
+        Control(dialog_, IDC_NO_LIMITS).setText(ResourceText(IDS_NO_RENDERER_LIMITS));
+    ShowControls(dialog_, kCoronaControls, hasLimits);
+    ShowControls(dialog_, kNoLimitControls, !hasLimits);
+    ShowControls(dialog_, kGiControls, !hasLimits); // Corona has no such pass
 }
 
-void MainDialog::restoreSettings() {
+void MainOptions::restoreSettings() {
     for (const RememberedValue& value : ReadRememberedSettings())
         restoreSetting(value);
     // Whatever was restored, and whatever had been ticked before the scene was analysed again.
-    EnableByCheckBoxes(window());
-    EnableControls(window(), kBlockCountControls, blockMode() == kDistributedBlocks);
+    EnableByCheckBoxes(dialog_);
+    EnableControls(dialog_, kBlockCountControls, ChosenBlockMode(dialog_) == kDistributedBlocks);
 }
 
-void MainDialog::restoreSetting(const RememberedValue& value) {
+void MainOptions::restoreSetting(const RememberedValue& value) {
     const int id = value.control.id;
     switch (value.control.kind) {
     case RememberedKind::CheckBox:
         if (value.text == kOn || value.text == kOff) // anything else is no setting of ours
-            CheckBox(window(), id).check(value.text == kOn);
+            CheckBox(dialog_, id).check(value.text == kOn);
         break;
-    case RememberedKind::DropDownList:
-        if (value.text.size() == 1 && value.text[0] >= L'0' && value.text[0] <= L'3')
-            ComboBox(window(), id).select(value.text[0] - L'0');
+    case RememberedKind::DropDownList: {
+        const int entry = value.text.size() == 1 ? value.text[0] - L'0' : -1;
+        if (entry >= 0 && entry < kGiScaleCount)
+            ComboBox(dialog_, id).select(entry);
         break;
+    }
     case RememberedKind::EditField: {
-        const EditRule* rule = FindEditRule(id);
-        Edit(window(), id).setText(rule == nullptr ? value.text : TextByRule(*rule, value.text));
+        const NumberRules* rules = FindNumberField(id);
+        Edit(dialog_, id).setText(rules == nullptr ? value.text : TextByRules(*rules, value.text));
         break;
     }
     case RememberedKind::RadioButton:
         if (value.text == kOn) {
-            selectBlocks(id);
+            chooseBlocks(id);
             applyMaterialRule();
         }
         break;
     }
 }
 
-bool MainDialog::onOption(int id, int code) {
-    const EditRule* rule = code == EN_CHANGE ? FindEditRule(id) : nullptr;
-    if (rule != nullptr) {
-        ApplyEditRule(window(), *rule);
+bool MainOptions::onCommand(int id, int code) {
+    const NumberRules* field = code == EN_CHANGE ? FindNumberField(id) : nullptr;
+    if (field != nullptr) {
+        NumberField(dialog_, *field).applyRules();
         if (id == IDC_BLOCK_COUNT)
             takeBlocks();
         return true;
@@ -91,7 +97,7 @@ bool MainDialog::onOption(int id, int code) {
     case IDC_DISTRIBUTED_BLOCKS:
         takeBlocks();
         if (id == IDC_NO_BLOCKS || id == IDC_DISTRIBUTED_BLOCKS)
-            EnableControls(window(), kBlockCountControls, id == IDC_DISTRIBUTED_BLOCKS);
+            EnableControls(dialog_, kBlockCountControls, id == IDC_DISTRIBUTED_BLOCKS);
         applyMaterialRule();
         return true;
     case IDC_MATERIAL_CHANNEL:
@@ -99,40 +105,37 @@ bool MainDialog::onOption(int id, int code) {
         return true;
     case IDC_AO_CHANNEL:
     case IDC_GI_CHANNEL:
-        EnableByCheckBoxes(window());
+        EnableByCheckBoxes(dialog_);
         return true;
     default:
         return false;
     }
 }
 
-std::int32_t MainDialog::blockMode() const {
-    for (const int radio : kBlockRadios) {
-        if (CheckBox(window(), radio).isChecked())
-            return BlockModeOf(radio);
-    }
-    return kNoBlocks;
+bool MainOptions::onArrows(int arrows, int steps) {
+    const NumberRules* field = FindNumberField(arrows);
+    return field != nullptr && NumberField(dialog_, *field).step(steps);
 }
 
-void MainDialog::takeBlocks() {
+void MainOptions::takeBlocks() {
     if (IsSubmissionRunning())
         return;
-    data_.analysis.blockMode = blockMode();
+    data_.analysis.blockMode = ChosenBlockMode(dialog_);
     data_.analysis.blockCount =
-        ClampedWholeNumber(Edit(window(), IDC_BLOCK_COUNT).text(), kFewestBlocks, kMostBlocks);
+        ClampedWholeNumber(Edit(dialog_, IDC_BLOCK_COUNT).text(), kFewestBlocks, kMostBlocks);
 }
 
-void MainDialog::selectBlocks(int radioButton) {
-    ::CheckRadioButton(window(), IDC_NO_BLOCKS, IDC_DISTRIBUTED_BLOCKS, radioButton);
+void MainOptions::chooseBlocks(int radioButton) {
+    ChooseBlockMode(dialog_, radioButton);
     takeBlocks();
 }
 
-void MainDialog::applyMaterialRule() {
-    const CheckBox materialChannel(window(), IDC_MATERIAL_CHANNEL);
-    if (IsMaterialChannelPossible(blockMode()) || !materialChannel.isChecked())
+void MainOptions::applyMaterialRule() {
+    const CheckBox materialChannel(dialog_, IDC_MATERIAL_CHANNEL);
+    if (IsMaterialChannelPossible(ChosenBlockMode(dialog_)) || !materialChannel.isChecked())
         return;
     materialChannel.check(false);
-    ShowMessage(window(), IDS_MATERIAL_NEEDS_WHOLE_IMAGE, IDS_CAPTION_CHECK);
+    ShowMessage(dialog_, IDS_MATERIAL_NEEDS_WHOLE_IMAGE, IDS_CAPTION_CHECK);
 }
 
 } // namespace orv

@@ -4,7 +4,7 @@
 #include "resources/texts.h"
 #include "tests/support/test_window.h"
 #include "tests/unit/ui/ui_log.h"
-#include "ui/camera_table/scene_name_field.h"
+#include "ui/main_dialog/main_controls.h"
 
 #include <gtest/gtest.h>
 

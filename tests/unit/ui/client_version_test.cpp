@@ -1,4 +1,4 @@
-#include "ui/main_dialog/client_version.h"
+#include "ui/main_dialog/main_dialog.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,7 @@
 // The rules of the main dialog that need no window.
 #include "resources/controls.h"
-#include "ui/main_dialog/block_mode.h"
-#include "ui/main_dialog/limit_layout.h"
 #include "ui/main_dialog/main_controls.h"
+#include "ui/main_dialog/main_layout.h"
 
 #include <gtest/gtest.h>
 
@@ -43,7 +42,7 @@ TEST(LimitRow, StandsAtItsPlacesTimesTheScale) {
     for (const bool isChinese : {false, true}) {
         for (const double scale : {1.0, 1.5, 2.0}) {
             const std::vector<ControlPosition> row = LimitRowPositions(scale, isChinese);
-            ASSERT_EQ(row.size(), sizeof kLimitRow / sizeof kLimitRow[0]);
+            ASSERT_EQ(row.size(), sizeof(kLimitRow) / sizeof(kLimitRow[0]));
             for (std::size_t index = 0; index < row.size(); ++index) {
                 const Row& expected = kLimitRow[index];
                 const int base = isChinese ? expected.chinese : expected.english;
@@ -79,26 +78,34 @@ TEST(MainDialogSize, GrowsWithTheScale) {
     }
 }
 
-TEST(SpinnerRules, HaveTheirEditStepAndRange) {
-    const SpinnerRule expected[] = {
-        {1048, 1039, 0.1, {0.1, 5.0}},   {1049, 1040, 0.1, {10.0, 1000000000.0}},
-        {1076, 1075, 1.0, {2.0, 10.0}},  {1147, 1047, 0.1, {0.0, 239.0}},
-        {1148, 1045, 0.1, {0.0, 100.0}},
+TEST(NumberFields, HaveTheirEditStepAndRange) {
+    struct Case {
+        int arrows;
+        int edit;
+        double step; // 0 for arrows that count by themselves
+        DecimalRange range;
     };
-    for (const SpinnerRule& row : expected) {
-        const SpinnerRule* rule = FindSpinnerRule(row.spinner);
-        ASSERT_NE(rule, nullptr) << row.spinner;
-        EXPECT_EQ(rule->edit, row.edit);
-        EXPECT_EQ(rule->step, row.step);
-        EXPECT_EQ(rule->range.minimum, row.range.minimum);
-        EXPECT_EQ(rule->range.maximum, row.range.maximum);
+    for (const Case& row : {
+             Case{1048, 1039, 0.1, {0.1, 5.0}},
+             Case{1049, 1040, 0.1, {10.0, 1000000000.0}},
+             Case{1076, 1075, 1.0, {2.0, 10.0}},
+             Case{1147, 1047, 0.1, {0.0, 239.0}},
+             Case{1148, 1045, 0.1, {0.0, 100.0}},
+             Case{1046, 1037, 0.0, {1.0, 1000.0}},
+             Case{1154, 1054, 0.0, {0.0, 2147483647.0}},
+         }) {
+        const NumberRules* rules = FindNumberField(row.arrows);
+        ASSERT_NE(rules, nullptr) << row.arrows;
+        EXPECT_EQ(FindNumberField(row.edit), rules);
+        EXPECT_EQ(rules->edit, row.edit);
+        EXPECT_EQ(rules->step, row.step);
+        EXPECT_EQ(rules->range.minimum, row.range.minimum);
+        EXPECT_EQ(rules->range.maximum, row.range.maximum);
     }
-    // These two count by themselves.
-    EXPECT_EQ(FindSpinnerRule(1046), nullptr);
-    EXPECT_EQ(FindSpinnerRule(1154), nullptr);
+    EXPECT_EQ(FindNumberField(1036), nullptr); // the scene's name
 }
 
-TEST(EditRules, KeepEachFieldInItsRange) {
+TEST(NumberFields, KeepWhatIsTypedInTheirRange) {
     struct Case {
         int edit;
         std::wstring typed;
@@ -118,13 +125,14 @@ TEST(EditRules, KeepEachFieldInItsRange) {
              Case{1075, L"1", L"2"},
              Case{1075, L"11", L"10"},
              Case{1075, L"5", L"5"},
+             Case{1037, L"5000 x", L"5000 x"}, // these three keep any text
+             Case{1039, L"5000 x", L"5000 x"},
+             Case{1040, L"5000 x", L"5000 x"},
          }) {
-        const EditRule* rule = FindEditRule(row.edit);
-        ASSERT_NE(rule, nullptr) << row.edit;
-        EXPECT_EQ(TextByRule(*rule, row.typed), row.kept);
+        const NumberRules* rules = FindNumberField(row.edit);
+        ASSERT_NE(rules, nullptr) << row.edit;
+        EXPECT_EQ(TextByRules(*rules, row.typed), row.kept);
     }
-    for (const int free : {1036, 1037, 1039, 1040})
-        EXPECT_EQ(FindEditRule(free), nullptr) << free;
 }
 
 } // namespace

@@ -102,10 +102,10 @@ TEST(ArrowsTest, CountInTheirRange) {
     const Arrows arrows(window.get());
     arrows.setRange(2, 1000);
     for (const int position : {16, 1000}) {
-        arrows.setPosition(position);
+        ::SendMessageW(window.get(), UDM_SETPOS32, 0, position);
         EXPECT_EQ(::SendMessageW(window.get(), UDM_GETPOS32, 0, 0), position);
     }
-    arrows.setPosition(1);
+    ::SendMessageW(window.get(), UDM_SETPOS32, 0, 1);
     EXPECT_EQ(::SendMessageW(window.get(), UDM_GETPOS32, 0, 0), 2);
 }
 

@@ -1,7 +1,12 @@
 // The rules of the fields for numbers.
-#include "ui/decimal_field.h"
+#include "windows/number_field.h"
+
+#include "tests/support/test_window.h"
+#include "windows/controls.h"
 
 #include <gtest/gtest.h>
+
+#include <commctrl.h>
 
 namespace orv {
 namespace test {
@@ -133,6 +138,65 @@ TEST(StepDecimal, ChangesTheNumberByItsStepsWithinTheRange) {
              Case{L"0.0", -1, 0.1, hours, L"0.0"},
          })
         EXPECT_EQ(StepDecimal(row.text, row.steps, row.step, row.range), row.result) << row.steps;
+}
+
+class NumberFieldOfADialog : public ::testing::Test {
+protected:
+    NumberFieldOfADialog() {
+        ::CreateWindowExW(0, UPDOWN_CLASSW, L"", WS_CHILD, 0, 0, 10, 10, dialog(),
+                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(kArrows)), nullptr, nullptr);
+    }
+    HWND dialog() const { return ::GetParent(edit_.get()); }
+    std::wstring text() const { return Edit(edit_.get()).text(); }
+
+    static constexpr int kArrows = TestWindow::kControlId + 1;
+    const TestWindow edit_{L"EDIT"};
+};
+
+TEST_F(NumberFieldOfADialog, OpensWithItsTextAndItsArrowsRange) {
+    const NumberRules rules = {
+        TestWindow::kControlId, kArrows, {0.0, 239.0}, TypedText::Decimal, 0.1, 3, 240, L"0.0"};
+    NumberField(dialog(), rules).open();
+    EXPECT_EQ(text(), L"0.0");
+    int minimum = 0;
+    int maximum = 0;
+    ::SendDlgItemMessageW(dialog(), kArrows, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&minimum),
+                          reinterpret_cast<LPARAM>(&maximum));
+    EXPECT_EQ(minimum, 3);
+    EXPECT_EQ(maximum, 240);
+}
+
+TEST_F(NumberFieldOfADialog, LeavesATextAloneThatIsFilledOtherwise) {
+    const NumberRules rules = {
+        TestWindow::kControlId, kArrows, {0.0, 5.0}, TypedText::Kept, 0.1, 0, 5, nullptr};
+    Edit(edit_.get()).setText(L"2.2");
+    NumberField(dialog(), rules).open();
+    EXPECT_EQ(text(), L"2.2");
+}
+
+TEST_F(NumberFieldOfADialog, BringsWhatIsTypedUnderItsRules) {
+    const NumberRules rules = {
+        TestWindow::kControlId, kArrows, {0.0, 239.0}, TypedText::Decimal, 0.1, 0, 239, L"0.0"};
+    const NumberField field(dialog(), rules);
+    Edit(edit_.get()).setText(L"240");
+    field.applyRules();
+    EXPECT_EQ(text(), L"239.00");
+    // A text that obeys them is not set again: an edit forgets then that it was typed into.
+    ::SendMessageW(edit_.get(), EM_SETMODIFY, TRUE, 0);
+    field.applyRules();
+    EXPECT_TRUE(::SendMessageW(edit_.get(), EM_GETMODIFY, 0, 0));
+}
+
+TEST_F(NumberFieldOfADialog, StepsUnlessItsArrowsCountByThemselves) {
+    NumberRules rules = {
+        TestWindow::kControlId, kArrows, {0.0, 239.0}, TypedText::Decimal, 0.1, 0, 239, L"0.0"};
+    const NumberField field(dialog(), rules);
+    field.open();
+    EXPECT_TRUE(field.step(3));
+    EXPECT_EQ(text(), L"0.3");
+    rules.step = kOwnCount;
+    EXPECT_FALSE(field.step(1));
+    EXPECT_EQ(text(), L"0.3");
 }
 
 } // namespace

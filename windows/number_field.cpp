@@ -1,11 +1,14 @@
-#include "ui/decimal_field.h"
+#include "windows/number_field.h"
 
 #include "analysis/text/numbers.h"
+#include "windows/controls.h"
 
 #include <algorithm>
 
 namespace orv {
 namespace {
+
+constexpr std::size_t kTypedFractionDigits = 3;
 
 bool IsDigit(wchar_t character) {
     return character >= L'0' && character <= L'9';
@@ -44,6 +47,41 @@ std::wstring StepDecimal(const std::wstring& text, int steps, double step,
                          const DecimalRange& range) {
     const double value = DecimalNumber(text) + steps * step;
     return DecimalText(std::max(range.minimum, std::min(value, range.maximum)), 1);
+}
+
+std::wstring TextByRules(const NumberRules& rules, const std::wstring& text) {
+    switch (rules.typed) {
+    case TypedText::Kept:
+        break;
+    case TypedText::WholeNumber:
+        return ClampWholeNumber(text, static_cast<std::int32_t>(rules.range.minimum),
+                                static_cast<std::int32_t>(rules.range.maximum));
+    case TypedText::Decimal:
+        return ClampDecimal(FilterDecimal(text, kTypedFractionDigits), rules.range);
+    }
+    return text;
+}
+
+void NumberField::open() const {
+    Arrows(dialog_, rules_.arrows).setRange(rules_.arrowsMinimum, rules_.arrowsMaximum);
+    if (rules_.openingText != nullptr)
+        Edit(dialog_, rules_.edit).setText(rules_.openingText);
+}
+
+void NumberField::applyRules() const {
+    const Edit edit(dialog_, rules_.edit);
+    const std::wstring text = edit.text();
+    const std::wstring kept = TextByRules(rules_, text);
+    if (kept != text)
+        edit.setTextAndCaret(kept);
+}
+
+bool NumberField::step(int steps) const {
+    if (rules_.step <= kOwnCount)
+        return false;
+    const Edit edit(dialog_, rules_.edit);
+    edit.setTextAndCaret(StepDecimal(edit.text(), steps, rules_.step, rules_.range));
+    return true;
 }
 
 } // namespace orv

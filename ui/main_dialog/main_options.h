@@ -1,0 +1,48 @@
+// The options of the main dialog: blocks, limits, render elements. What they open with, what is
+// restored of earlier choices, and what a change leads to.
+#pragma once
+
+#include "base/noncopyable.h"
+#include "base/windows.h"
+#include "config/plugin_data.h"
+#include "config/remembered_settings.h"
+
+#include <cstdint>
+
+namespace orv {
+
+// For the dialog's own thread. `data` has to live as long as the object.
+class MainOptions : private rud_Noncopyable {
+public:
+    explicit MainOptions(PluginData& data) : data_(data) {}
+
+    // Takes over the controls of `dialog`, and gives the fields for numbers their ranges and
+    // opening values.
+    void open(HWND dialog);
+
+    // Fills the options in by the analysis and the remembered settings; shows a message where these
+    // do not go together. `first` tells the opening from an analysis that the user asked for later.
+    void fill(bool first);
+
+    // Answers to notification `code` of control `id`; false for a control that is no option.
+    bool onCommand(int id, int code);
+    // Answers to a click on arrows; false for arrows that count by themselves.
+    bool onArrows(int arrows, int steps);
+
+    // Writes the block mode and the number of blocks into the records, which belong to the
+    // submission while one runs.
+    void takeBlocks();
+
+private:
+    // Shows what the scene's renderer has limits for.
+    void showLimits();
+    void restoreSettings();
+    void restoreSetting(const RememberedValue& value);
+    void chooseBlocks(int radioButton);
+    void applyMaterialRule();
+
+    PluginData& data_;
+    HWND dialog_ = nullptr;
+};
+
+} // namespace orv
