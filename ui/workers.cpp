@@ -3,9 +3,9 @@
 #include "base/handles.h"
 #include "client/client_link.h"
 #include "config/dialog_choices.h"
-#include "config/submission_windows.h"
 #include "config/plugin_data.h"
 #include "config/remembered_settings.h"
+#include "config/submission_windows.h"
 #include "host/host.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
@@ -14,7 +14,6 @@
 #include "submit/submit_job.h"
 #include "ui/exit/exit_guard.h"
 #include "ui/progress/progress_dialog.h"
-#include "ui/worker_start.h"
 #include "windows/guard.h"
 
 #include <atomic>

@@ -12,6 +12,8 @@ namespace {
 // List boxes draw a text a little in from the edge; without this the last character would be cut.
 constexpr int kTextInset = 8;
 
+constexpr LPARAM kMarqueeMilliseconds = 40; // from one step to the next
+
 constexpr int kNameCapacity = 512;
 
 // A list view keeps a check box as the number of the image beside the row. A row that cannot be
@@ -55,6 +57,10 @@ void ListBox::setLines(const std::vector<std::wstring>& lines) const {
 
 void Arrows::setRange(int minimum, int maximum) const {
     send(UDM_SETRANGE32, static_cast<WPARAM>(minimum), maximum);
+}
+
+void ProgressBar::startMarquee() const {
+    send(PBM_SETMARQUEE, TRUE, kMarqueeMilliseconds);
 }
 
 int CheckList::rowCount() const {

@@ -86,6 +86,14 @@ public:
     void setRange(int minimum, int maximum) const;
 };
 
+class ProgressBar : public Control {
+public:
+    using Control::Control;
+
+    // Shows that work goes on whose end is not known. The control has the style PBS_MARQUEE.
+    void startMarquee() const;
+};
+
 // A list view with check boxes. Its rows count from 0.
 class CheckList : public Control {
 public:

@@ -4,26 +4,23 @@
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "ui/exit/exit_guard.h"
-#include "ui/progress/progress_lines.h"
+#include "ui/progress/progress_dialog.h"
 #include "ui/workers.h"
 #include "windows/controls.h"
 #include "windows/measures.h"
-
-#include <commctrl.h>
 
 namespace orv {
 namespace {
 
 constexpr UINT_PTR kPollTimer = 1;
 constexpr UINT kPollMilliseconds = 50;
-constexpr UINT kMarqueeMilliseconds = 40;
 
 } // namespace
 
 bool ExitDialog::onInit(LPARAM /*parameter*/) {
     CentreOverOwner(window());
     ::RemoveMenu(::GetSystemMenu(window(), FALSE), SC_CLOSE, MF_BYCOMMAND);
-    ::SendMessageW(control(IDC_EXIT_BAR), PBM_SETMARQUEE, TRUE, kMarqueeMilliseconds);
+    ProgressBar(window(), IDC_EXIT_BAR).startMarquee();
     if (endAsked_ != 0)
         endSubmission();
     else if (waits_)

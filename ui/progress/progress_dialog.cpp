@@ -1,14 +1,12 @@
 #include "ui/progress/progress_dialog.h"
 
+#include "analysis/text/numbers.h"
 #include "config/submission_windows.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "ui/progress/progress_lines.h"
 #include "windows/controls.h"
 #include "windows/measures.h"
-
-#include <commctrl.h>
 
 #include <algorithm>
 #include <memory>
@@ -18,7 +16,6 @@ namespace {
 
 constexpr UINT_PTR kPollTimer = 1;
 constexpr UINT kPollMilliseconds = 30;
-constexpr UINT kMarqueeMilliseconds = 40;
 constexpr std::uint64_t kLinesMilliseconds = 250; // nobody reads faster
 
 // The archiver writes the archive under a name of its own until it is whole.
@@ -30,7 +27,54 @@ void Replace(std::wstring& text, const std::wstring& mark, const std::wstring& v
         text.replace(at, mark.size(), value);
 }
 
+std::wstring TwoDigits(std::uint64_t number) {
+    return (number < 10 ? L"0" : L"") + std::to_wstring(number);
+}
+
 } // namespace
+
+unsigned StageText(SubmissionStage stage) {
+    switch (stage) {
+    case SubmissionStage::Checking:
+        return IDS_STAGE_CHECKING;
+    case SubmissionStage::Saving:
+        return IDS_STAGE_SAVING;
+    case SubmissionStage::Cleaning:
+        return IDS_STAGE_CLEANING;
+    case SubmissionStage::Packing:
+        return IDS_STAGE_PACKING;
+    case SubmissionStage::Describing:
+        return IDS_STAGE_DESCRIBING;
+    case SubmissionStage::Sending:
+        return IDS_STAGE_SENDING;
+    }
+    return IDS_STAGE_CHECKING;
+}
+
+std::wstring ElapsedText(std::uint64_t milliseconds) {
+    const std::uint64_t seconds = milliseconds / 1000;
+    const std::wstring rest = TwoDigits(seconds % 60);
+    if (seconds < 3600)
+        return std::to_wstring(seconds / 60) + L":" + rest;
+    return std::to_wstring(seconds / 3600) + L":" + TwoDigits(seconds / 60 % 60) + L":" + rest;
+}
+
+std::wstring TimeLine(std::uint64_t milliseconds) {
+    std::wstring line = ResourceText(IDS_PROGRESS_TIME);
+    Replace(line, L"%1", ElapsedText(milliseconds));
+    return line;
+}
+
+std::wstring MegabyteText(std::uint64_t bytes) {
+    return DecimalText(static_cast<double>(bytes) / (1024.0 * 1024.0), 1);
+}
+
+std::uint64_t FileSize(const std::wstring& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data = {};
+    if (path.empty() || !::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data))
+        return 0;
+    return (static_cast<std::uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
+}
 
 bool ProgressDialog::waitForScreen() {
     while (!IsProgressOver()) {
@@ -44,7 +88,7 @@ bool ProgressDialog::waitForScreen() {
 bool ProgressDialog::onInit(LPARAM /*parameter*/) {
     CentreOverOwner(window());
     ::RemoveMenu(::GetSystemMenu(window(), FALSE), SC_CLOSE, MF_BYCOMMAND);
-    ::SendMessageW(control(IDC_PROGRESS_BAR), PBM_SETMARQUEE, TRUE, kMarqueeMilliseconds);
+    ProgressBar(window(), IDC_PROGRESS_BAR).startMarquee();
     opened_ = ::GetTickCount64();
     showLines();
     if (::SetTimer(window(), kPollTimer, kPollMilliseconds, nullptr) == 0) {

@@ -8,21 +8,12 @@
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "submit/dialog_input/dialog_log.h"
-#include "ui/render_options/aspect.h"
-#include "ui/render_options/output_formats.h"
-#include "ui/skin/image_slots.h"
 #include "windows/controls.h"
 #include "windows/measures.h"
 
 #include <utility>
 
 namespace orv {
-namespace {
-
-constexpr int kSphericalEntry = 1; // of the list of views
-
-} // namespace
-
 RenderOptionsDialog::RenderOptionsDialog(PluginData& data, std::vector<std::wstring> cameras)
     : data_(data), cameras_(std::move(cameras)) {}
 

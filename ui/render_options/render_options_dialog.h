@@ -3,10 +3,9 @@
 
 #include "host/host.h"
 #include "ui/dialog.h"
-#include "ui/render_options/camera_edits.h"
 #include "ui/render_options/render_options.h"
-#include "ui/render_options/toggle_pairs.h"
-#include "ui/skin/gdiplus_session.h"
+#include "ui/render_options/render_options_rules.h"
+#include "ui/skin/skin.h"
 #include "windows/controls.h"
 
 #include <memory>

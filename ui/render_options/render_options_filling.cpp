@@ -3,11 +3,7 @@
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "ui/render_options/aspect.h"
-#include "ui/render_options/button_position.h"
-#include "ui/render_options/output_formats.h"
 #include "ui/render_options/render_options_dialog.h"
-#include "ui/skin/image_slots.h"
 #include "windows/controls.h"
 #include "windows/measures.h"
 
@@ -49,7 +45,8 @@ void RenderOptionsDialog::fillLists() {
 void RenderOptionsDialog::putBack(FieldGroup group) {
     switch (group) {
     case FieldGroup::View:
-        ComboBox(window(), IDC_OPTIONS_VIEW).select(record().isSpherical ? 1 : 0);
+        ComboBox(window(), IDC_OPTIONS_VIEW)
+            .select(record().isSpherical ? kSphericalEntry : kNormalEntry);
         break;
     case FieldGroup::Format:
         ComboBox(window(), IDC_OPTIONS_FORMAT)

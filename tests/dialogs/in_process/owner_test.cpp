@@ -1,7 +1,7 @@
 // The progress window and the message boxes of a submission over one dialog: whatever their order,
 // nobody can use the dialog until the submission has ended, and then it has the keyboard.
-#include "config/submission_windows.h"
 #include "config/plugin_data.h"
+#include "config/submission_windows.h"
 #include "resources/controls.h"
 #include "submit/submit_job.h"
 #include "tests/dialogs/dialog_user.h"
@@ -9,7 +9,6 @@
 #include "tests/support/wait_until.h"
 #include "tests/system/flow/import_patch.h"
 #include "tests/unit/support_host/fake_host.h"
-#include "ui/worker_start.h"
 #include "ui/workers.h"
 
 #include <gtest/gtest.h>

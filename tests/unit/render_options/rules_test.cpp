@@ -1,11 +1,7 @@
 // The rules behind the render options dialog.
 #include "resources/controls.h"
 #include "resources/texts.h"
-#include "ui/render_options/aspect.h"
-#include "ui/render_options/button_position.h"
-#include "ui/render_options/camera_edits.h"
-#include "ui/render_options/output_formats.h"
-#include "ui/render_options/toggle_pairs.h"
+#include "ui/render_options/render_options_rules.h"
 
 #include <gtest/gtest.h>
 

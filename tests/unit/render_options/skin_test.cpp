@@ -8,9 +8,7 @@
 #include "tests/system/host/process_counts.h"
 #include "tests/unit/support_host/fake_host.h"
 #include "ui/render_options/render_options.h"
-#include "ui/skin/gdiplus_session.h"
-#include "ui/skin/image_slots.h"
-#include "ui/skin/skin_image.h"
+#include "ui/skin/skin.h"
 #include "windows/measures.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include "resources/texts.h"
 #include "tests/support/files.h"
 #include "tests/support/temporary_folder.h"
-#include "ui/progress/progress_lines.h"
+#include "ui/progress/progress_dialog.h"
 
 #include <gtest/gtest.h>
 

@@ -15,8 +15,7 @@
 #include "tests/support/temporary_folder.h"
 #include "tests/support/wait_until.h"
 #include "tests/unit/support_host/fake_host.h"
-#include "ui/progress/progress_lines.h"
-#include "ui/worker_start.h"
+#include "ui/progress/progress_dialog.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,23 @@
-#include "ui/skin/skin_image.h"
+#include "ui/skin/skin.h"
 
-#include "ui/skin/gdiplus_headers.h"
+#include "resources/controls.h"
+#include "resources/text.h"
 #include "windows/measures.h"
 
+#include <objidl.h>
+
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <memory>
+
+// GDI+ needs the COM headers above, and names of its own for min and max.
+namespace Gdiplus {
+using std::max;
+using std::min;
+} // namespace Gdiplus
+
+#include <gdiplus.h>
 
 namespace orv {
 namespace {
@@ -49,7 +61,19 @@ bool CopyPixels(Gdiplus::Bitmap& image, Gdiplus::PixelFormat format, int bytesPe
     return true;
 }
 
+constexpr int kImageSize = 16;
+
 } // namespace
+
+GdiplusSession::GdiplusSession() {
+    const Gdiplus::GdiplusStartupInput input;
+    started_ = Gdiplus::GdiplusStartup(&token_, &input, nullptr) == Gdiplus::Ok;
+}
+
+GdiplusSession::~GdiplusSession() {
+    if (started_)
+        Gdiplus::GdiplusShutdown(token_);
+}
 
 bool SkinImage::load(HMODULE module, int id, const wchar_t* type) {
     reset();
@@ -115,6 +139,35 @@ bool SkinImage::create(int width, int height, bool alpha) {
     rowPitch_ = -bytesPerRow;
     firstRow_ = static_cast<BYTE*>(bytes) + static_cast<std::ptrdiff_t>(height - 1) * bytesPerRow;
     return true;
+}
+
+int StateImageSize(int dotsPerInch) {
+    const int half = USER_DEFAULT_SCREEN_DPI / 2;
+    return kImageSize * std::max(1, (dotsPerInch + half) / USER_DEFAULT_SCREEN_DPI);
+}
+
+void DrawStateImage(HDC target, const RECT& area, bool on) {
+    SkinImage image;
+    if (!image.load(orv_resource_module(), on ? IDP_PADLOCK_OPEN : IDP_PADLOCK_CLOSED, L"PNG"))
+        return;
+    // What the control showed before would shine through.
+    ::FillRect(target, &area, ::GetSysColorBrush(COLOR_3DFACE));
+    image.draw(target, area);
+}
+
+void PaintImageSlots(HWND dialog, const std::vector<ImageSlot>& slots) {
+    for (const ImageSlot& slot : slots) {
+        HWND control = ::GetDlgItem(dialog, slot.control);
+        if (control == nullptr || !::IsWindowVisible(control))
+            continue;
+        PAINTSTRUCT paint = {};
+        if (::BeginPaint(control, &paint) == nullptr)
+            continue;
+        RECT area = {};
+        ::GetClientRect(control, &area);
+        DrawStateImage(paint.hdc, area, slot.on);
+        ::EndPaint(control, &paint);
+    }
 }
 
 } // namespace orv

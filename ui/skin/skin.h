@@ -1,12 +1,33 @@
-// An image of the plug-in's resources as a bitmap that GDI can draw.
+// The state images on the controls of a dialog, and what loading and drawing images takes.
 #pragma once
 
 #include "base/handles.h"
 #include "base/noncopyable.h"
 #include "base/windows.h"
+#include "config/plugin_data.h"
+
+#include <vector>
 
 namespace orv {
 
+// Starts GDI+ and shuts it down again with the object. An object of a function or a dialog, never
+// a static one: GDI+ waits for a thread of its own, which no longer runs when statics are
+// destroyed.
+class GdiplusSession : private rud_Noncopyable {
+public:
+    GdiplusSession();
+    ~GdiplusSession();
+
+    // Whether GDI+ can be used.
+    bool started() const { return started_; }
+
+private:
+    ULONG_PTR token_ = 0;
+    bool started_ = false;
+};
+
+// An image of the plug-in's resources as a bitmap that GDI can draw.
+//
 // Owns the bitmap; loading again or destroying the object deletes it. Needs a GdiplusSession while
 // it loads, none afterwards.
 class SkinImage : private rud_Noncopyable {
@@ -46,5 +67,19 @@ private:
     BYTE* firstRow_ = nullptr; // within bitmap_
     int transparentColour_ = -1;
 };
+
+// The state images: one for controls that are on, one for the others.
+
+// The size in pixels that a control needs to show the images sharp, on a screen of that resolution:
+// a whole multiple of the images' own 16 pixels.
+int StateImageSize(int dotsPerInch);
+
+// Draws the image of one state over `area`, for the painting of one control. Draws nothing when the
+// image is missing or damaged. Needs a GdiplusSession.
+void DrawStateImage(HDC target, const RECT& area, bool on);
+
+// Paints the controls of `slots` that are visible, in their order. The answer to WM_PAINT of their
+// dialog; needs a GdiplusSession.
+void PaintImageSlots(HWND dialog, const std::vector<ImageSlot>& slots);
 
 } // namespace orv
