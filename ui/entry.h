@@ -5,13 +5,12 @@
 
 extern "C" {
 
-// Runs the submission dialog modally over `owner`; returns when it is closed. Lets no exception
-// out.
+// Runs the submission dialog modally over `owner`; returns when it is closed. Never throws.
 void orv_open_main_dialog(HWND owner);
 
-// For the plug-in's stop: returns when no submission runs any more, or when one that was asked to
-// end has not done so in time. On the host's thread, with the door to the host still open. Lets no
-// exception out.
+// For the plug-in's stop: returns when no submission runs, or when a submission has not ended in
+// time after the request. For the host's thread, while the door to the host is still open. Never
+// throws.
 void orv_wait_before_exit(void);
 
 // Shows the box with the product's name and version, without an owner.

@@ -11,9 +11,9 @@
 
 namespace orv {
 
-// Fills the list view and carries its check boxes over to the camera records and back. The check
-// boxes hold the user's choice; a record's `selected` flag is brought up to date by the functions
-// below. For the dialog's own thread. Writes its lines to "rud_ui".
+// Fills the list view, and copies its check boxes to the camera records and back. The check boxes
+// hold the user's choice; the functions below update the records' `selected` flags. For the
+// dialog's own thread. Writes its lines to "rud_ui".
 class CameraTable : private rud_Noncopyable {
 public:
     CameraTable() = default;
@@ -38,12 +38,11 @@ public:
     // Sets the records' flags by the check boxes.
     void readTicks(CameraMap& cameras) const;
 
-    // Ticks what is not ticked and the other way round; ticks all. Both set the records' flags and
-    // rebuild the rows.
+    // Invert all ticks, or tick all rows. Both set the records' flags and rebuild the rows.
     void invertSelection(CameraMap& cameras);
     void selectAll(CameraMap& cameras);
 
-    // Draws what the table says while it has no rows. The answer to the list view's NM_CUSTOMDRAW.
+    // Draws the text of an empty table. Returns the answer to the list view's NM_CUSTOMDRAW.
     LRESULT drawEmptyText(const NMCUSTOMDRAW& drawing) const;
 
 private:

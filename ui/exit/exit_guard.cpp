@@ -94,7 +94,7 @@ LRESULT CALLBACK GuardProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
 // A hidden top-level window: Windows asks no other kind before it shuts down.
 HWND CreateGuardWindow() {
     WNDCLASSEXW guard = {};
-    guard.cbSize = sizeof guard;
+    guard.cbSize = sizeof(guard);
     guard.lpfnWndProc = GuardProcedure;
     guard.hInstance = orv_resource_module();
     guard.lpszClassName = kWindowClass;

@@ -1,4 +1,4 @@
-// Holds the exit of the host, and Windows' own shutdown, up while a submission runs.
+// Holds up the exit of the host and Windows' shutdown while a submission runs.
 #pragma once
 
 #include "base/windows.h"
@@ -9,20 +9,20 @@ namespace orv {
 // submission.
 constexpr DWORD kUnattendedMilliseconds = 60000;
 
-// How long a submission may take to end once it was requested. Then the exit goes on without it.
+// How long a submission may take to end after the request. Then the exit goes on without it.
 constexpr DWORD kEndingMilliseconds = 30000;
 
-// Begins to watch: the host's exit, by its notification, and Windows' shutdown, by a hidden window.
-// On the host's thread, once the submit worker has been started. Lets no exception out.
+// Begins to watch for the host's exit, by its notification, and for Windows' shutdown, by a hidden
+// window. For the host's thread, after the submit worker has started. Never throws.
 void GuardExit() noexcept;
 
-// Ends the watch soon, on the host's thread. To be called by the submit worker when its state says
-// that it has finished.
+// Ends the watch soon, on the host's thread. The submit worker calls it when its state is
+// kWorkerFinished.
 void ReleaseExit() noexcept;
 
-// Returns when no worker of a submission runs any more, or when one that was asked to end has not
-// done so in time, which the log tells. An attended host shows ExitDialog meanwhile. Calls of the
-// workers to the host are served. Ends the watch. On the host's thread.
+// Returns when no worker of a submission runs, or when a submission has not ended in time after the
+// request, which the log records. Shows ExitDialog meanwhile, except in an unattended host, and
+// serves the workers' calls to the host. Ends the watch. For the host's thread.
 void WaitBeforeExit();
 
 } // namespace orv

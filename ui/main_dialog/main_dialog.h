@@ -51,7 +51,7 @@ private:
     };
 
     // Checks the client's version and the scene's name, analyses the scene and fills the dialog.
-    // `first` tells the opening from an analysis that the user asked for later.
+    // `first` is true for the opening, false for a later analysis at the user's request.
     Outcome initialise(bool first);
     bool checkClientVersion(const std::wstring& lowestAccepted);
     bool checkSceneFile();
@@ -61,7 +61,7 @@ private:
     void fillWarnings();
     void analyseAgain();
     void submit();
-    // True when the submission runs now; otherwise the user was told what there is to tell.
+    // True when the submission runs now; otherwise the user has seen why it does not.
     bool startSubmission();
     void endSubmitting();
     // The same where the controls are still locked and the submission has ended.

@@ -20,13 +20,14 @@ public:
     // opening values.
     void open(HWND dialog);
 
-    // Fills the options in by the analysis and the remembered settings; shows a message where these
-    // do not go together. `first` tells the opening from an analysis that the user asked for later.
+    // Sets the options from the analysis and the remembered settings, and shows a message where
+    // these contradict each other. `first` is true for the opening of the dialog, false for a later
+    // analysis.
     void fill(bool first);
 
-    // Answers to notification `code` of control `id`; false for a control that is no option.
+    // Handles notification `code` of control `id`; returns false for any control but the options.
     bool onCommand(int id, int code);
-    // Answers to a click on arrows; false for arrows that count by themselves.
+    // Handles a click on arrows; returns false for arrows that count by themselves.
     bool onArrows(int arrows, int steps);
 
     // Writes the block mode and the number of blocks into the records, which belong to the
@@ -34,7 +35,7 @@ public:
     void takeBlocks();
 
 private:
-    // Shows what the scene's renderer has limits for.
+    // Shows the limits of the scene's renderer, or that it has none.
     void showLimits();
     void restoreSettings();
     void restoreSetting(const RememberedValue& value);

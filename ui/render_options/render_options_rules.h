@@ -54,7 +54,7 @@ struct Toggle {
 constexpr int kToggleCount = 8;
 extern const Toggle kToggles[kToggleCount];
 
-// The one that pressing `button` does, null when it is no padlock.
+// The toggle of padlock `button`, null for any other control.
 const Toggle* FindToggle(int button);
 
 struct FieldGroupControls {
@@ -65,8 +65,7 @@ struct FieldGroupControls {
 constexpr int kFieldGroupCount = 4;
 extern const FieldGroupControls kFieldGroups[kFieldGroupCount];
 
-// The group of whose fields `control` is the first, which tells by its state whether the group is
-// unlocked.
+// The fields of a group. The first of them is enabled while the group is unlocked.
 const FieldGroupControls& ControlsOf(FieldGroup group);
 
 // Where the dialog's buttons stand, which decides how high it is.

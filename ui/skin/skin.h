@@ -10,9 +10,8 @@
 
 namespace orv {
 
-// Starts GDI+ and shuts it down again with the object. An object of a function or a dialog, never
-// a static one: GDI+ waits for a thread of its own, which no longer runs when statics are
-// destroyed.
+// Starts GDI+, and shuts it down when it is destroyed. Never make a static object of it: GDI+ waits
+// for its own thread, which no longer runs when statics are destroyed.
 class GdiplusSession : private rud_Noncopyable {
 public:
     GdiplusSession();
