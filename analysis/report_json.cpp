@@ -38,7 +38,7 @@ Position SkipLineComment(Position at, Position end) {
                         [](char character) { return character == '\n' || character == '\r'; });
 }
 
-// How often characters stand in the text that open a comment, unless they are part of a string.
+// How many times the text has characters that open a comment, those within strings included.
 int PossibleComments(const std::string& json) {
     int count = 0;
     std::size_t at = json.find('/');

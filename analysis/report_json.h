@@ -27,19 +27,19 @@ enum class ParseOutcome {
 // in a row. The offsets of the values are those in `json`. Throws only when memory runs out.
 ParseOutcome ParseReportJson(const std::string& json, Json::Value& report);
 
-// A parsed report. A scene with many files has a report of many megabytes, and parsing it takes
-// longer than everything else that is done with it: an analysis parses its report once.
+// A parsed report. The report of a large scene has many megabytes, and parsing takes longer than
+// all other work on it: an analysis parses its report once.
 struct ReportDocument {
     Json::Value root;
-    std::size_t textHash = 0; // of the text that the root stands for
+    std::size_t textHash = 0; // HashOfReport of its text
 };
 
-// std::hash of a report's text, by which a document and its text recognise each other.
+// std::hash of a report's text: identifies the text that a document was parsed from.
 std::size_t HashOfReport(const std::wstring& reportText);
 
-// The document of `analysis.reportText`: the one that the analysis left in `analysis.report`, or,
-// where the text is another one by now, a newly parsed one, which is put there. Null, with
-// `analysis.report` null, when the text is not JSON or is nested too deeply.
+// The document of `analysis.reportText`. Returns `analysis.report` when it was parsed from that
+// text; otherwise parses the text and stores the new document there. Null, with `analysis.report`
+// null, when the text is not JSON or is nested too deeply.
 std::shared_ptr<const ReportDocument> ReportOf(SceneAnalysis& analysis);
 
 // The paths of the two long lists, each up to its first zero character; they point into the report.
@@ -53,14 +53,14 @@ struct ReportPaths {
 // `paths` are filled: visiting hundreds of thousands of entries once is enough.
 std::string FindReportFault(const Json::Value& report, ReportPaths& paths);
 
-// `member` of `object`; the null value when it is missing or `object` is no object. The readers
-// below answer for any type, so that code which meets an unchecked report cannot fail.
+// `member` of `object`; the null value when it is missing or `object` is not an object. The readers
+// below accept any type, so that code that reads an unchecked report cannot fail.
 const Json::Value& MemberOf(const Json::Value& object, const char* member);
 
 // A string, number or boolean as text; empty for everything else.
 std::string TextOf(const Json::Value& value);
 
-// A string as C sees it: up to its first zero character; empty for everything that is no string.
+// A string as C sees it: up to its first zero character; empty for any other value.
 // Points into `value`.
 const char* RawText(const Json::Value& value);
 

@@ -15,7 +15,7 @@ constexpr int kReportDuplicateCameras = 4;
 // Reads `analysis.reportText`, filling cameras, limits, messages, tips and problem files; the lists
 // of problem files, tips and duplicate names start empty, messages and cameras are added to what is
 // there. Entries of "reference_file" with illegal names are taken out of `analysis.reportText`, so
-// that whoever parses it later does not meet them. Leaves the parsed report in `analysis.report`.
+// that no later reader gets them. Stores the parsed report in `analysis.report`.
 //
 // Returns kReportRead also for a text that is not JSON: then there are no cameras. kReportRefused:
 // a member that is needed is missing or of another type; one "ERROR" message names it, nothing of
@@ -23,7 +23,7 @@ constexpr int kReportDuplicateCameras = 4;
 int ReadAnalysisReport(SceneAnalysis& analysis);
 
 // Takes the scene's path and file name from the report. Returns the file name (UTF-8), empty, with
-// a message, when there is none. A name without a folder counts as none.
+// a message, when the report has none. A name without a folder counts as missing.
 std::string InitSceneName(SceneAnalysis& analysis);
 
 } // namespace orv

@@ -109,7 +109,7 @@ const char* Expected(Shape shape) {
     return "";
 }
 
-// A member that is not as it must be. Without a reason, a null pointer, there is no fault.
+// A member that is missing or has the wrong type. A null reason means that there is no fault.
 // Always made with {}: Visual C++ 2015 does not take values in braces where a member has a default.
 struct Fault {
     std::string member;

@@ -109,7 +109,7 @@ void ListSameNameFiles(const Json::Value& report, SceneAnalysis& analysis) {
 
 namespace {
 
-// Where a value stands in the text it was parsed from.
+// The offsets of a value in the text that it was parsed from.
 std::size_t Begin(const Json::Value& value) {
     return static_cast<std::size_t>(value.getOffsetStart());
 }
@@ -263,7 +263,7 @@ bool IsSpherical(const Json::Value& vray) {
     const Json::Value& override = MemberOf(vray, "camera_override_fov");
     const Json::Value& fieldOfView = MemberOf(vray, "camera_fov");
     const double degrees = fieldOfView.isNull() ? kFullCircle : DecimalNumber(RawText(fieldOfView));
-    // The report writes 360.0 as it stands, so an exact comparison is meant.
+    // The report has 360.0 exactly, so the comparison is exact on purpose.
     const bool isFullCircle = !(degrees < kFullCircle) && !(degrees > kFullCircle);
     return override.asBool() && isFullCircle &&
            RawText(MemberOf(vray, "is_spherical")) == std::string("true");

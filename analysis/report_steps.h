@@ -22,8 +22,8 @@ void ReadRegion(const Json::Value& report, SceneAnalysis& analysis);
 void ListMissingFiles(const std::vector<const char*>& paths, SceneAnalysis& analysis);
 void ListSameNameFiles(const Json::Value& report, SceneAnalysis& analysis);
 
-// What the names of the referenced files tell. They are looked at once, because there may be
-// hundreds of thousands, and each has to be converted.
+// Findings about the names of the referenced files. Each name is judged once, because there may be
+// hundreds of thousands.
 struct ReferenceFindings {
     bool hasCyrillic = false;
     std::vector<std::wstring> illegalPaths;

@@ -85,7 +85,7 @@ std::wstring ReadReport(const std::wstring& path) {
     }
 }
 
-// A file that stays behind harms nobody: the next run has another name.
+// A file that stays behind does no harm: the next run has another name.
 void DeleteIfThere(const std::wstring& path) {
     if (PathExists(path))
         ::DeleteFileW(path.c_str());

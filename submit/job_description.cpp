@@ -208,7 +208,7 @@ bool WriteTextFile(const std::wstring& path, const std::string& text) {
         return true;
     const DWORD error = ::GetLastError();
     file.reset();
-    // Half a job is worse than none: the client says that there is none.
+    // A half-written job is worse than none: a missing one the client reports.
     PluginData::instance().writeLog(kError, "Write json file error: " + WideToUtf8(path) +
                                                 ", code is " + std::to_string(error));
     ::DeleteFileW(path.c_str());

@@ -1,4 +1,4 @@
-// The job description file, which the client reads, and the request that tells the client of it.
+// The job description file and the request that hands it to the client.
 #pragma once
 
 #include "base/windows.h"
@@ -18,7 +18,7 @@ namespace orv {
 bool WriteJobDescription(SceneAnalysis& analysis, const SubmissionChoices& choices, HWND dialog,
                          JobPaths& paths, const std::wstring& baseName, std::string& requestBody);
 
-// The same for what stands in `dialog` now. Fails in the same way when the dialog is gone.
+// The same for the current state of `dialog`. Fails in the same way when the dialog is gone.
 bool WriteJobDescription(SceneAnalysis& analysis, HWND dialog, JobPaths& paths,
                          const std::wstring& baseName, std::string& requestBody);
 

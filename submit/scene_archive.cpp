@@ -145,7 +145,7 @@ std::string ArchivePassword(const std::string& baseName) {
 
 namespace {
 
-// For a process that was told to end. Windows closes its files first, which a slow disk can delay.
+// For a process that was terminated. Windows closes its files first, which a slow disk can delay.
 constexpr DWORD kEndMilliseconds = 10000;
 
 constexpr UINT kEndedCode = 1;
@@ -237,7 +237,7 @@ bool Fail(const std::string& reason) {
     return false;
 }
 
-// In double quotes, as one argument of the archiver. A file's path has no quotes of its own and
+// In double quotes, as one argument of the archiver. A file's path has no quotes, and
 // none here ends in a backslash, so nothing needs escaping.
 std::string Quoted(const std::string& path) {
     return "\"" + path + "\"";

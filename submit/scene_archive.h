@@ -27,7 +27,7 @@ void RunArchiver(const JobPaths& paths);
 // cryptography; empty, with a line in "rud_data", when the system refuses.
 std::string Md5Hex(const std::string& bytes);
 
-// Six letters and digits that tell archives of one scene apart. Two calls within one second return
+// Six letters and digits that distinguish archives of one scene. Two calls within one second return
 // the same text. Reseeds the C library's generator of this thread.
 std::string RandomText();
 

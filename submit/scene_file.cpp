@@ -21,7 +21,7 @@ void Log(const std::string& level, const std::string& message) {
     PluginData::instance().writeLog(level, message);
 }
 
-// The folder that a scene lies in, empty for one without a folder.
+// The folder of a scene, empty for a scene without a folder.
 std::wstring SceneFolder(const std::wstring& path) {
     return path.substr(0, SceneFileNameStart(path));
 }
@@ -142,7 +142,7 @@ bool BackupSceneFile(const SceneAnalysis& analysis, std::wstring& backupPath) {
     }
     const std::string outcome =
         error == ERROR_SUCCESS ? " Success!" : " Error! Code is " + std::to_string(error);
-    // A warning in both cases: a copy of the artist's scene lies about until it is deleted.
+    // A warning in both cases: until it is deleted there is a second copy of the artist's scene.
     PluginData::instance().writeLog(kWarn, "Backup file from " + analysis.sceneFilePath + " to " +
                                                WideToUtf8(copyPath) + outcome);
     if (error != ERROR_SUCCESS)

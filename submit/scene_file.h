@@ -18,8 +18,8 @@ namespace orv {
 // SceneToReplace finds it beforehand.
 std::string SaveSceneAs(SceneAnalysis& analysis, HWND sceneNameEdit, const std::string& fileName);
 
-// The file that SaveSceneAs would replace under `fileName`: one that lies there and is not the open
-// scene's own. Empty when it would replace none.
+// The existing file that SaveSceneAs would replace under `fileName`, other than the open scene's.
+// Empty when it would replace none.
 std::wstring SceneToReplace(const SceneAnalysis& analysis, const std::string& fileName);
 
 // Copies the scene's file beside it under its name with an underscore and a drawn number of at

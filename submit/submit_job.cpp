@@ -33,8 +33,8 @@ namespace {
 constexpr wchar_t kClientAddress[] = L"127.0.0.1";
 constexpr wchar_t kOutputFolderSuffix[] = L"_plugin_output";
 
-// Virus scanners and the file system get a moment to let go of the new archive before the client is
-// told.
+// Time for virus scanners and the file system to release the new archive before the client reads
+// it.
 constexpr DWORD kArchiveSettleMilliseconds = 1000;
 
 // No selection counts as the first.
@@ -271,7 +271,7 @@ bool Submission::saveScene() {
     return true;
 }
 
-// Another scene may lie there under the typed name.
+// The typed name may be that of another scene's file.
 bool Submission::mayReplace(const std::wstring& scene) {
     if (scene.empty())
         return true;
@@ -304,7 +304,7 @@ bool Submission::makeOutputFolder() {
     if (sceneFolder.empty())
         return endWith(IDS_SCENE_NOT_SAVED, kSubmitEnded, "the scene has no folder.");
     const std::wstring outputFolder = sceneFolder + sceneName_ + kOutputFolderSuffix;
-    EnsureFolder(outputFolder); // if it fails, the job file cannot be written, and that is told
+    EnsureFolder(outputFolder); // on failure writing the job file fails, too, with a message
     paths_.jsonDir = outputFolder + L"/json";
     paths_.compressDir = outputFolder + L"/compress";
     return true;

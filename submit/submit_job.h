@@ -13,9 +13,10 @@ constexpr std::int32_t kSubmitEnded = 0;   // handed over, or ended quietly
 constexpr std::int32_t kSubmitFailed = -1; // a check or a step failed
 
 // Checks what was chosen, saves and packs the scene, writes the job description and posts it to the
-// client. Works on `choices` alone; `dialog`, which may be gone, owns the message boxes, is told to
-// rebuild its camera table, and is closed when the client took the job and when the scene's name
-// cannot be used. What the submission collected is put into PluginData's analysis when it ends.
+// client. Uses `choices` only. `dialog`, which may be gone, owns the message boxes, rebuilds its
+// camera table on request, and is closed when the client has accepted the job and when the scene's
+// name cannot be used. At its end the submission stores the collected options in PluginData's
+// analysis.
 // Runs on the submit worker, never on the dialog's own thread; Winsock must be started. `caption`
 // is the caption of its message boxes, and `languageMarker` (text 57) decides their language.
 // `PluginData::endSubmission` ends it at its next step, without a message and with kSubmitEnded;
@@ -24,8 +25,8 @@ constexpr std::int32_t kSubmitFailed = -1; // a check or a step failed
 std::int32_t SubmitJob(SubmissionChoices choices, HWND dialog, std::wstring caption,
                        std::wstring unused, std::wstring languageMarker);
 
-// The same for what stands in `dialog` now. When the dialog is gone, the user is told, and nothing
-// is sent.
+// The same for the current state of `dialog`. When the dialog is gone, shows a message and sends
+// nothing.
 std::int32_t SubmitJob(HWND dialog, std::wstring caption, std::wstring unused,
                        std::wstring languageMarker);
 

@@ -86,7 +86,7 @@ bool IsNumberedDevice(const std::wstring& name) {
                        [&kind](const wchar_t* device) { return IsSameText(kind, device); });
 }
 
-// Windows looks at what stands before the first full stop, blanks at its end left out.
+// Windows compares the part before the first full stop, without blanks at its end.
 bool NamesDevice(const std::wstring& fileName) {
     std::wstring name = fileName.substr(0, fileName.find(L'.'));
     name.erase(name.find_last_not_of(L' ') + 1);
@@ -110,7 +110,7 @@ bool IsContinuation(unsigned char byte) {
 
 struct Character {
     wchar_t code;
-    std::size_t length; // bytes, 0 when the bytes are no character of this range
+    std::size_t length; // bytes, 0 when the bytes are not a character of this range
 };
 
 // The character of two or three bytes at `bytes`, which end with a zero byte. That zero is no

@@ -1,20 +1,20 @@
-// Which names and characters of names the product takes: of scenes, of cameras and their output, of
-// the files that a scene refers to. One line for each rule, and who asks it:
+// The rules for names: of scenes, of cameras and their output, of the files that a scene refers to.
 //
-//   rule                        judges                              asked by
-//   HasIllegalNameChar          a camera's name in the scene        the reader of reports
-//   StripChars                  (makes that an output name)         the reader of reports
-//   CheckOutputName             the output name being typed         the render options dialog
-//   OuterBlankOf                the output name taken over          the render options dialog
-//   IsUsableCameraName          the cameras' names at Submit        the check of the camera table
-//   IsSceneFileNameAccepted     the open scene's file               the main dialog, when it opens
-//   HasOnlySceneNameCharacters  the scene name that is shown        the main dialog, at Submit
-//   IsUsableSceneName           the scene name that was chosen      the submission
-//   IsPlainFileName             the file that the scene is saved to the submission
-//   CanStandInFileNames         each character of a full path       IsFullPath
-//   (analysis/text/paths.h) IsLegalReferenceName        the path of a referenced file       the
-//   reader of reports HasCyrillic                 the same, when it is not legal      the reader of
-//   reports
+// clang-format off
+//   rule                        judges                            used by
+//   HasIllegalNameChar          a camera's name in the scene      the reader of reports
+//   StripChars                  (makes that an output name)       the reader of reports
+//   CheckOutputName             the output name being typed       the render options dialog
+//   OuterBlankOf                the output name to be applied     the render options dialog
+//   IsUsableCameraName          the cameras' names at Submit      the check of the camera table
+//   IsSceneFileNameAccepted     the open scene's file             the main dialog, when it opens
+//   HasOnlySceneNameCharacters  the scene name that is shown      the main dialog, at Submit
+//   IsUsableSceneName           the scene name that was chosen    the submission
+//   IsPlainFileName             the file that a scene is saved to the submission
+//   CanStandInFileNames         each character of a full path     IsFullPath (analysis/text/paths.h)
+//   IsLegalReferenceName        the path of a referenced file     the reader of reports
+//   HasCyrillic                 the same, when it is not legal    the reader of reports
+// clang-format on
 #pragma once
 
 #include <string>
@@ -58,7 +58,7 @@ OuterBlank OuterBlankOf(const std::wstring& name);
 bool IsUsableCameraName(const std::wstring& name);
 
 // The scene's name as it is typed, without ".max" at its end (in any case), so that "shot" and
-// "shot.max" mean the same; and the file name that it stands for, with ".max".
+// "shot.max" mean the same; and the file name for it, with ".max".
 std::wstring SceneNameOf(const std::wstring& typed);
 std::wstring SceneFileNameOf(const std::wstring& typed);
 
@@ -80,15 +80,15 @@ bool IsUsableSceneName(const std::wstring& name);
 // kDeletedNameChars.
 bool CanStandInFileNames(wchar_t character);
 
-// Whether `name` names a plain file in whatever folder it is put: it has only characters that file
-// names can have, so no separator and no colon (which would name a stream behind a file), does not
-// end in a blank or full stop, and is no name of a device, such as "con.max".
+// Whether `name` is the name of an ordinary file in any folder: it has only characters that file
+// names can have, hence no separator and no colon, which would name a stream of a file; it does not
+// end in a blank or full stop; and it is not the name of a device, such as "con.max".
 bool IsPlainFileName(const std::wstring& name);
 
 // Whether `path` (UTF-8, up to its terminating zero) has at least one character and only such as
 // the farm can take in a path: those of HasOnlySceneNameCharacters, the slash, the back quote and
-// the middle dot (U+00B7). A path that is no proper UTF-8 is not legal. Takes no memory and about
-// as long as a copy: a report may have hundreds of thousands of paths.
+// the middle dot (U+00B7). Malformed UTF-8 is not legal. Allocates no memory and
+// takes about as long as a copy: a report may have hundreds of thousands of paths.
 bool IsLegalReferenceName(const char* path);
 
 // Whether a character of the Cyrillic or Cyrillic Supplement blocks (U+0400 to U+052F) is in

@@ -5,7 +5,7 @@
 
 namespace orv {
 
-// Windows refuses longer paths to most programs, and so do we, rather than cut one.
+// The longest path that Windows takes from most programs. Longer ones are refused, never cut.
 constexpr std::size_t kLongestPath = 259;
 
 // Everything up to and including the last separator; empty when there is none.
@@ -28,9 +28,9 @@ std::size_t SceneFileNameStart(const std::wstring& path);
 // Whether two paths are the same text but for capitals, which Windows ignores in a path.
 bool IsSamePath(const std::wstring& left, const std::wstring& right);
 
-// Whether the path says by itself where it is, from a drive ("D:\a", "D:/a") or a computer of the
-// network ("\\server\a"), and has no character that names cannot have (CanStandInFileNames). Device
-// paths ("\\.\pipe") are none.
+// Whether `path` is absolute, from a drive ("D:\a", "D:/a") or a computer of the network
+// ("\\server\a"), and has only characters that names can have (CanStandInFileNames). False for
+// device paths ("\\.\pipe").
 bool IsFullPath(const std::wstring& path);
 
 } // namespace orv

@@ -126,7 +126,7 @@ bool IsAscii(const Text& text) {
 }
 
 // The run-time's functions end at a zero character. The text is therefore taken piece by piece, and
-// the zeros between the pieces are put back. `convert` appends one piece and tells whether it
+// the zeros between the pieces are put back. `convert` appends one piece and returns whether it
 // could.
 template<class To, class From, class Convert>
 To ConvertPieces(const From& text, bool& exact, Convert convert) {
@@ -188,7 +188,7 @@ std::size_t Utf8SizeAt(const std::wstring& text, std::size_t position) {
 
 std::string WideToUtf8(const std::wstring& text, bool* exact) {
     std::string result = FromWide(CP_UTF8, 0, text);
-    if (exact != nullptr) // a report is large: nobody waits for what nobody asks
+    if (exact != nullptr) // not computed unasked: a report is large
         *exact = ToWide(CP_UTF8, 0, result) == text;
     return result;
 }

@@ -8,7 +8,7 @@
 namespace orv {
 
 // Each conversion takes the whole string, embedded zero characters included. `exact`, where given,
-// is set to whether the result stands for the very same characters. A text of 2 GiB or more, which
+// is set to whether the result has exactly the same characters. A text of 2 GiB or more, which
 // the system's functions cannot take, becomes empty and clears `exact`.
 
 // UTF-16 to UTF-8. A lone surrogate becomes U+FFFD and clears `exact`.
@@ -31,7 +31,7 @@ std::string Utf8ToAnsi(const std::string& text, bool* exact = nullptr);
 // place, and `exact` is cleared unless the text is ASCII.
 
 // Multibyte text of the "chs" locale to UTF-16. Leaves the process locale at "C". Empty, with
-// `exact` cleared, when the bytes are no text of that code page.
+// `exact` cleared, when the bytes are not valid in that code page.
 std::wstring AnsiToWide(const std::string& text, bool* exact = nullptr);
 
 // UTF-16 to multibyte text of the "chs" locale; restores the locale that was set before. Empty,
