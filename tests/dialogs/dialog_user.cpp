@@ -81,6 +81,9 @@ void PressKey(HWND dialog, int control, WPARAM key) {
 
 void Type(HWND dialog, int edit, const std::wstring& text) {
     const HWND window = ControlOf(dialog, edit);
+    // A dialog that is just being enabled or activated selects the text of its field, once more.
+    Settle(dialog);
+    ::SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window), TRUE);
     ::SendMessageW(window, EM_SETSEL, 0, -1);
     ::SendMessageW(window, WM_CHAR, L'\b', 1);
     for (const wchar_t character : text)

@@ -2,7 +2,6 @@
 
 #include "resources/controls.h"
 #include "resources/texts.h"
-#include "tests/support/message_box_watcher.h"
 #include "tests/support/wait_until.h"
 
 namespace orv {
@@ -34,17 +33,6 @@ HWND ExitFlow::exitWindow() {
     }));
     EXPECT_NE(found, nullptr) << "the host ends without a word";
     return found;
-}
-
-std::wstring ExitFlow::message() {
-    constexpr int kMessageText = 0xFFFF; // the control of a message box that holds its text
-    EXPECT_TRUE(WaitUntil(
-        [] {
-            HWND box = FindDialogWith(kMessageText);
-            return box != nullptr && !ReadWindowText(::GetDlgItem(box, kMessageText)).empty();
-        },
-        std::chrono::milliseconds(60000)));
-    return answer().text;
 }
 
 bool ExitFlow::hostEnds(std::chrono::milliseconds deadline) {

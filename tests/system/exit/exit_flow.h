@@ -25,9 +25,8 @@ protected:
     bool hostEnds(std::chrono::milliseconds deadline = kDeadline);
     bool hostHasEnded() const { return !host_.events("stopped").empty(); }
 
-    // The text of the submission's next message, answered with OK. A box is on the screen a moment
-    // before its text is.
-    std::wstring message();
+    // The text of the submission's next message, answered with OK.
+    std::wstring message() { return answer().text; }
 
     // That nothing of the submission reached the client or is left on the disk.
     void expectEndedWithoutTheJob();

@@ -23,7 +23,7 @@ namespace {
 constexpr int kMessageText = 0xFFFF; // the control of a message box that holds its text
 constexpr char kEndOfSubmission[] = "[INFO] The submission ended with ";
 
-constexpr std::chrono::milliseconds kPackingDeadline{40000};
+constexpr std::chrono::milliseconds kPackingDeadline{60000};
 
 std::vector<std::string> Ends(const std::string& log) {
     std::vector<std::string> ends;
@@ -118,13 +118,16 @@ void SubmissionFlow::submit() {
 MessageSeen SubmissionFlow::answer(int button) {
     MessageSeen seen;
     HWND box = nullptr;
-    if (!WaitUntil([&box] { return (box = FindDialogWith(kMessageText)) != nullptr; },
-                   kPackingDeadline)) {
+    const auto readBox = [&] { // it is on the screen a moment before its text is
+        box = FindDialogWith(kMessageText);
+        seen.text = ReadWindowText(::GetDlgItem(box, kMessageText));
+        return !seen.text.empty();
+    };
+    if (!WaitUntil(readBox, kPackingDeadline)) {
         ADD_FAILURE() << "no message came";
         return seen;
     }
     seen.caption = ReadWindowText(box);
-    seen.text = ReadWindowText(::GetDlgItem(box, kMessageText));
     seen.owner = ::GetWindow(box, GW_OWNER);
     for (const int id : {IDOK, IDCANCEL, IDYES, IDNO}) {
         if (::GetDlgItem(box, id) != nullptr)
