@@ -34,20 +34,30 @@ function(orv_test_options name)
   target_precompile_headers(${name} REUSE_FROM orv_test_headers)
 endfunction()
 
-# orv_test(<name> SOURCES <file>... USES <library>... [TIMEOUT <seconds>] [ARGS <argument>...])
-# One test program, run as one process; the deadline ends a program that hangs.
+# Seconds after which a test program hangs, also on a machine that compiles meanwhile.
+set(ORV_TEST_TIMEOUT 600)
+
+# Where a test program runs: in the build tree's Wine prefix, or in a slot of `./dev test`.
+function(orv_run_under_wine name)
+  set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR ${CMAKE_SOURCE_DIR}/tools/under-wine)
+endfunction()
+
+# orv_test(<name> SOURCES <file>... USES <library>... [SECONDS <number>])
+# One test program, run as one process. SECONDS is how long a program of more than 20 seconds takes: those
+# start first.
 function(orv_test name)
-  cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;USES;ARGS" ${ARGN})
-  if(NOT ARG_TIMEOUT)
-    set(ARG_TIMEOUT 120)
+  cmake_parse_arguments(ARG "" "SECONDS" "SOURCES;USES" ${ARGN})
+  if(NOT ARG_SECONDS)
+    set(ARG_SECONDS 0)
   endif()
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE orv_options ${ARG_USES} GTest::gtest GTest::gmock)
   orv_test_options(${name})
   if(MINGW)
     target_link_options(${name} PRIVATE -static)
-    set_target_properties(${name} PROPERTIES CROSSCOMPILING_EMULATOR wine)
+    orv_run_under_wine(${name})
   endif()
-  add_test(NAME ${name} COMMAND ${name} ${ARG_ARGS})
-  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} WORKING_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${ORV_TEST_TIMEOUT} COST ${ARG_SECONDS}
+    WORKING_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
 endfunction()
