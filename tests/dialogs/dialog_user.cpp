@@ -30,10 +30,14 @@ LRESULT CALLBACK CountSettled(int code, WPARAM removed, LPARAM message) {
 }
 
 // Until the dialog's thread has dealt with everything posted to it so far. A message that is sent
-// would overtake what is posted, so one is posted and its removal from the queue awaited.
+// would overtake what is posted, so one is posted and its removal from the queue awaited. Does
+// nothing for a dialog of another process, which no hook of this one reaches.
 void Settle(HWND dialog) {
-    const HHOOK hook = ::SetWindowsHookExW(WH_GETMESSAGE, &CountSettled, nullptr,
-                                           ::GetWindowThreadProcessId(dialog, nullptr));
+    DWORD process = 0;
+    const DWORD thread = ::GetWindowThreadProcessId(dialog, &process);
+    if (process != ::GetCurrentProcessId())
+        return;
+    const HHOOK hook = ::SetWindowsHookExW(WH_GETMESSAGE, &CountSettled, nullptr, thread);
     if (hook == nullptr)
         throw std::runtime_error("SetWindowsHookExW error no:" + std::to_string(::GetLastError()));
     const int before = settledCount;
