@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Own checks of the tree: words of unfinished work, the order of the folders, cycles, links of the pages.
+"""Own checks of the tree: words of unfinished work, the order of the folders, cycles, links and lines of the pages.
 
 Prints one line for each fault and ends with 1 when there was any."""
 
@@ -104,11 +104,28 @@ def dead_links(names):
                 yield f"{name}: links to {target}, which is not there"
 
 
+LONGEST_LINE = 120
+
+
+def long_lines(names):
+    """Prose lines of our pages that are too long. Tables, code and the targets of links cannot be broken."""
+    for name in names:
+        if not name.endswith(".md"):
+            continue
+        is_code = False
+        for number, line in enumerate(text_of(name).splitlines(), 1):
+            if line.startswith("```"):
+                is_code = not is_code
+            elif not is_code and not line.startswith(("|", "    ")):
+                if len(re.sub(r"\]\([^)]*\)", "]", line)) > LONGEST_LINE:
+                    yield f"{name}:{number}: is longer than {LONGEST_LINE} characters"
+
+
 def main():
     names = tracked_files()
     includes = Includes(names)
     faults = [*forbidden_words(names), *folder_order(includes), *sdk_fence(includes), *cycles(includes),
-              *dead_links(names), *left_behind(names)]
+              *dead_links(names), *long_lines(names), *left_behind(names)]
     for fault in faults:
         print(fault)
     print(f"{len(names)} files, {len(includes.sources)} sources, {len(faults)} faults")
