@@ -17,9 +17,13 @@ constexpr UINT kPollMilliseconds = 50;
 
 } // namespace
 
+void ExitDialog::writeError(const std::string& line) {
+    data_.writeLog(kError, line);
+}
+
 bool ExitDialog::onInit(LPARAM /*parameter*/) {
     CentreOverOwner(window());
-    ::RemoveMenu(::GetSystemMenu(window(), FALSE), SC_CLOSE, MF_BYCOMMAND);
+    removeCloseCommand();
     ProgressBar(window(), IDC_EXIT_BAR).startMarquee();
     if (endAsked_ != 0)
         endSubmission();
@@ -27,11 +31,7 @@ bool ExitDialog::onInit(LPARAM /*parameter*/) {
         wait();
     showLines();
     ::SetForegroundWindow(window());
-    if (::SetTimer(window(), kPollTimer, kPollMilliseconds, nullptr) == 0) {
-        // Without the timer it would never go away.
-        reportError("SetTimer failed, error no:" + std::to_string(::GetLastError()));
-        end(0);
-    }
+    startTimer(kPollTimer, kPollMilliseconds);
     return true;
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "config/plugin_data.h"
-#include "ui/dialog.h"
+#include "windows/dialog.h"
 
 #include <cstdint>
 #include <string>
@@ -26,6 +26,7 @@ protected:
     bool onCommand(int id, int code) override;
     bool onTimer(UINT_PTR id) override;
     bool onClose() override { return true; } // the title bar has no button for it
+    void writeError(const std::string& line) override;
 
 private:
     void wait();

@@ -1,10 +1,11 @@
 #include "ui/list_dialog/list_dialog.h"
 
+#include "config/plugin_data.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "ui/dialog.h"
 #include "windows/controls.h"
+#include "windows/dialog.h"
 #include "windows/measures.h"
 
 namespace orv {
@@ -30,6 +31,10 @@ protected:
             return false;
         end(id);
         return true;
+    }
+
+    void writeError(const std::string& line) override {
+        PluginData::instance().writeLog(kError, line);
     }
 
 private:

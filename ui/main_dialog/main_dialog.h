@@ -5,9 +5,9 @@
 #include "config/plugin_data.h"
 #include "host/host.h"
 #include "ui/camera_table/camera_table.h"
-#include "ui/dialog.h"
 #include "ui/main_dialog/main_controls.h"
 #include "ui/main_dialog/main_options.h"
+#include "windows/dialog.h"
 
 #include <cstdint>
 #include <memory>

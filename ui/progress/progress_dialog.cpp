@@ -85,17 +85,17 @@ bool ProgressDialog::waitForScreen() {
     return false;
 }
 
+void ProgressDialog::writeError(const std::string& line) {
+    PluginData::instance().writeLog(kError, line);
+}
+
 bool ProgressDialog::onInit(LPARAM /*parameter*/) {
     CentreOverOwner(window());
-    ::RemoveMenu(::GetSystemMenu(window(), FALSE), SC_CLOSE, MF_BYCOMMAND);
+    removeCloseCommand();
     ProgressBar(window(), IDC_PROGRESS_BAR).startMarquee();
     opened_ = ::GetTickCount64();
     showLines();
-    if (::SetTimer(window(), kPollTimer, kPollMilliseconds, nullptr) == 0) {
-        // Without the timer it would never go away.
-        reportError("SetTimer failed, error no:" + std::to_string(::GetLastError()));
-        end(0);
-    }
+    startTimer(kPollTimer, kPollMilliseconds);
     return true;
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "config/plugin_data.h"
-#include "ui/dialog.h"
+#include "windows/dialog.h"
 
 #include <cstdint>
 #include <string>
@@ -26,6 +26,7 @@ protected:
     bool onTimer(UINT_PTR id) override;
     bool onClose() override;
     bool onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void writeError(const std::string& line) override;
 
 private:
     void handKeyboardToOwner() const;

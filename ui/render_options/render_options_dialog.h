@@ -2,11 +2,11 @@
 #pragma once
 
 #include "host/host.h"
-#include "ui/dialog.h"
 #include "ui/render_options/render_options.h"
 #include "ui/render_options/render_options_rules.h"
 #include "ui/skin/skin.h"
 #include "windows/controls.h"
+#include "windows/dialog.h"
 
 #include <memory>
 #include <string>

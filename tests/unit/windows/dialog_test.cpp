@@ -1,7 +1,6 @@
-#include "ui/dialog.h"
+#include "windows/dialog.h"
 
 #include "resources/controls.h"
-#include "tests/support/product_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -137,14 +136,6 @@ TEST_F(DialogBase, OpensAnotherDialogOverItself) {
     inner.go = [&inner] { inner.end(2); };
     dialog_.go = [this, &inner] { dialog_.end(10 + inner.run(IDD_PROGRESS, dialog_.window())); };
     EXPECT_EQ(dialog_.run(IDD_PROGRESS, nullptr), 12);
-}
-
-TEST_F(DialogBase, WritesToTheDataLogUnlessADialogHasItsOwn) {
-    const TestProductFolder folder;
-    class : public Dialog {
-    } plain;
-    EXPECT_EQ(plain.run(9999, nullptr), -1);
-    EXPECT_NE(folder.log(L"rud_data").find("[ERROR] DialogBoxParamW failed"), std::string::npos);
 }
 
 } // namespace

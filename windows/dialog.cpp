@@ -1,6 +1,5 @@
-#include "ui/dialog.h"
+#include "windows/dialog.h"
 
-#include "config/plugin_data.h"
 #include "resources/activation_context.h"
 #include "resources/text.h"
 #include "windows/guard.h"
@@ -31,27 +30,28 @@ INT_PTR Dialog::run(int templateId, HWND owner, LPARAM parameter) {
     INT_PTR result = ::DialogBoxParamW(orv_resource_module(), MAKEINTRESOURCEW(templateId), owner,
                                        &Dialog::procedure, parameter);
     const DWORD error = ::GetLastError();
-    if (starting ==
-        this) { // no message ever came: there was no window. For a dead owner 0 is returned.
-        reportError("DialogBoxParamW failed for dialog " + std::to_string(templateId) +
-                    ", error no:" + std::to_string(error));
-        result = -1;
-    }
+    const bool isShown = starting != this;
     starting = outer;
     window_ = nullptr;
+    if (!isShown) {
+        // No message ever came: there was no window. For a dead owner 0 is returned.
+        writeError("DialogBoxParamW failed for dialog " + std::to_string(templateId) +
+                   ", error no:" + std::to_string(error));
+        result = -1;
+    }
     return result;
 }
 
-void Dialog::reportError(const std::string& what) noexcept {
-    try {
-        writeError(what);
-    } catch (...) {
-        // There is nowhere left to tell it.
-    }
+void Dialog::removeCloseCommand() {
+    ::RemoveMenu(::GetSystemMenu(window_, FALSE), SC_CLOSE, MF_BYCOMMAND);
 }
 
-void Dialog::writeError(const std::string& line) {
-    PluginData::instance().writeLog(kError, line);
+void Dialog::startTimer(UINT_PTR id, UINT milliseconds) {
+    if (::SetTimer(window_, id, milliseconds, nullptr) != 0)
+        return;
+    const DWORD error = ::GetLastError();
+    writeError("SetTimer failed, error no:" + std::to_string(error));
+    end(0);
 }
 
 INT_PTR CALLBACK Dialog::procedure(HWND window, UINT message, WPARAM wParam,

@@ -1,8 +1,12 @@
-// What the progress dialog says.
+// What the progress dialog says, and what is logged of a dialog that cannot be shown.
+#include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "tests/support/files.h"
+#include "tests/support/product_folder.h"
 #include "tests/support/temporary_folder.h"
+#include "ui/exit/exit_dialog.h"
+#include "ui/list_dialog/list_dialog.h"
 #include "ui/progress/progress_dialog.h"
 
 #include <gtest/gtest.h>
@@ -57,6 +61,22 @@ TEST(FileSize, IsTheFilesAndZeroWithoutAFile) {
     WriteFileBytes(path, std::string(12345, 'x'));
     EXPECT_EQ(FileSize(path), 12345U);
     EXPECT_EQ(FileSize(L""), 0U);
+}
+
+TEST(DialogsOfASubmission, WriteToTheDataLogWhenTheyCannotBeShown) {
+    const TestProductFolder folder;
+    PluginData& data = PluginData::instance();
+    HWND owner = ::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr,
+                                   nullptr, nullptr);
+    ::DestroyWindow(owner);
+    EXPECT_EQ(ProgressDialog(data).run(IDD_PROGRESS, owner), -1);
+    EXPECT_EQ(ExitDialog(data).run(IDD_EXIT, owner), -1);
+    EXPECT_EQ(RunListDialog(owner, {}), -1);
+    const std::string log = folder.log(L"rud_data");
+    for (const int dialog : {IDD_PROGRESS, IDD_EXIT, IDD_LIST})
+        EXPECT_NE(log.find("[ERROR] DialogBoxParamW failed for dialog " + std::to_string(dialog)),
+                  std::string::npos)
+            << dialog;
 }
 
 } // namespace

@@ -15,9 +15,6 @@ public:
     // `parameter` reaches onInit. Runs on the calling thread; an object runs one dialog at a time.
     INT_PTR run(int templateId, HWND owner, LPARAM parameter = 0);
 
-    // Writes `what`, UTF-8, as an error to the log. Never throws.
-    void reportError(const std::string& what) noexcept;
-
 protected:
     Dialog() = default;
     virtual ~Dialog() = default;
@@ -27,6 +24,12 @@ protected:
     HWND control(int id) const { return ::GetDlgItem(window_, id); }
     // Ends the dialog; it is gone once the current message has been handled.
     void end(INT_PTR result) { ::EndDialog(window_, result); }
+
+    // Takes the close command out of the system menu, and the button out of the title bar.
+    void removeCloseCommand();
+    // Starts the timer that onTimer answers to. Without a timer the dialog would never end: it ends
+    // with 0 then, with a line in the log.
+    void startTimer(UINT_PTR id, UINT milliseconds);
 
     // What a dialog answers to. The controls exist from onInit to onDestroy. An exception ends the
     // dialog with 0 and is logged.
@@ -44,8 +47,8 @@ protected:
     // Every other message, the private ones (from WM_USER on) among them.
     virtual bool onMessage(UINT /*message*/, WPARAM, LPARAM) { return false; }
 
-    // Where reportError writes to.
-    virtual void writeError(const std::string& line);
+    // Writes `line`, UTF-8, as an error to the dialog's log.
+    virtual void writeError(const std::string& line) = 0;
 
 private:
     static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam,
