@@ -4,8 +4,7 @@
 #include "analysis/report_steps.h"
 #include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
-#include "config/plugin_data.h"
-#include "log/module_log.h"
+#include "log/log.h"
 
 #include <exception>
 #include <memory>
@@ -15,10 +14,6 @@
 namespace orv {
 
 namespace {
-
-void Log(const std::string& level, const std::string& message) {
-    PluginData::instance().writeLog(level, message);
-}
 
 void BeginRead(SceneAnalysis& analysis) {
     analysis.problemFiles.clear();
@@ -77,8 +72,9 @@ int ReadWhole(const std::shared_ptr<ReportDocument>& document, const ReportPaths
     SceneAnalysis filled = CopyWithoutText(analysis);
     ReferenceFindings references = CheckReferences(paths.referenced);
     const int result = ReadInOrder(document->root, paths, references, filled);
-    Log(kInfo, "Analysis report read: " + std::to_string(filled.cameras.size()) + " cameras, " +
-                   std::to_string(filled.messages.size()) + " messages.");
+    WriteLog(LogModule::Data, kInfo,
+             "Analysis report read: " + std::to_string(filled.cameras.size()) + " cameras, " +
+                 std::to_string(filled.messages.size()) + " messages.");
     // From here, nothing can fail any more.
     RemoveIllegalReferences(references, document->root, analysis.reportText);
     document->textHash = HashOfReport(analysis.reportText);
@@ -91,12 +87,12 @@ int ReadWhole(const std::shared_ptr<ReportDocument>& document, const ReportPaths
 int Refuse(SceneAnalysis& analysis, const std::string& reason) {
     const std::string text = "The analysis report cannot be used: " + reason + ".";
     AddMessage(analysis, kError, text);
-    Log(kError, text);
+    WriteLog(LogModule::Data, kError, text);
     return kReportRefused;
 }
 
 int ReadNothing(SceneAnalysis& analysis) {
-    Log(kWarn, "The analysis report is not JSON.");
+    WriteLog(LogModule::Data, kWarn, "The analysis report is not JSON.");
     AddClosingMessage(Json::Value(), analysis);
     return kReportRead;
 }

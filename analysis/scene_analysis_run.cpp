@@ -7,6 +7,7 @@
 #include "client/guid_text.h"
 #include "config/plugin_data.h"
 #include "host/host.h"
+#include "log/log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 
@@ -17,14 +18,6 @@ namespace orv {
 namespace {
 
 constexpr wchar_t kByteOrderMark = 0xFEFF;
-
-std::string CodeOf(DWORD error) {
-    return std::to_string(error);
-}
-
-void Log(const std::string& level, const std::string& message) {
-    PluginData::instance().writeLog(level, message);
-}
 
 std::wstring NewReportPath() {
     ClientInfo info;
@@ -58,13 +51,14 @@ std::string ReadReportFile(const std::wstring& path) {
     LARGE_INTEGER size{};
     if (!file || !::GetFileSizeEx(file.get(), &size)) {
         const DWORD error = ::GetLastError();
-        Log(kError, "Open report " + WideToUtf8(path) + " error, code is " + CodeOf(error));
+        LogSystemError(LogModule::Data, kError, file ? "GetFileSizeEx" : "CreateFileW", error,
+                       path);
         return {};
     }
     std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
     if (!ReadAll(file.get(), bytes)) {
         const DWORD error = ::GetLastError();
-        Log(kError, "Read report " + WideToUtf8(path) + " error, code is " + CodeOf(error));
+        LogSystemError(LogModule::Data, kError, "ReadFile", error, path);
         return {};
     }
     return bytes;
@@ -80,7 +74,8 @@ std::wstring ReadReport(const std::wstring& path) {
             text.erase(0, 1);
         return text;
     } catch (const std::bad_alloc&) { // nothing but memory bounds a report
-        Log(kError, "Report " + WideToUtf8(path) + " is too large for the memory.");
+        WriteLog(LogModule::Data, kError,
+                 "Report " + WideToUtf8(path) + " is too large for the memory.");
         return {};
     }
 }
@@ -104,7 +99,8 @@ bool RunSceneAnalysis(HWND ownerWindow, FPValue& result, const std::wstring& scr
 
     const int answer = host::RunScript(AnalysisCommand(scriptPath, reportPath), result);
     if (answer != 1) {
-        Log(kError, "Analysis script failed, the host returned " + std::to_string(answer));
+        WriteLog(LogModule::Data, kError,
+                 "Analysis script failed, the host returned " + std::to_string(answer));
         ShowMessage(ownerWindow, IDS_ANALYSIS_FAILED, IDS_CAPTION);
         return false;
     }

@@ -3,6 +3,7 @@
 #include "config/plugin_data.h"
 #include "config/submission_windows.h"
 #include "host/host.h"
+#include "log/log.h"
 #include "resources/texts.h"
 
 #include <cmath>
@@ -25,11 +26,10 @@ bool HasLimit(const SceneAnalysis& analysis) {
 } // namespace
 
 int CheckCoronaLimits(const SceneAnalysis& analysis, HWND ownerWindow) {
-    PluginData& data = PluginData::instance();
     if (!HasCheckedState(analysis) || HasLimit(analysis))
         return kCoronaGoOn;
     EndProgress();
-    data.writeLog(kError, "Corona has no limits, the submission is stopped.");
+    WriteLog(LogModule::Data, kError, "Corona has no limits, the submission is stopped.");
     ShowSubmissionMessage(ownerWindow, IDS_CORONA_WITHOUT_LIMITS, IDS_CAPTION_CHECK);
     return kCoronaStop;
 }
@@ -61,7 +61,7 @@ void RunVirusScripts() {
         if (PluginData::instance().endSubmission.isMade())
             return;
         host::RunScript(L"fileIn \"" + info.*script.path + L"\"", value.get());
-        PluginData::instance().writeLog(kWarn, script.logLine);
+        WriteLog(LogModule::Data, kWarn, script.logLine);
     }
 }
 

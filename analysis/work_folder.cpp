@@ -3,7 +3,7 @@
 #include "analysis/text/text_convert.h"
 #include "base/folders.h"
 #include "base/windows.h"
-#include "config/plugin_data.h"
+#include "log/log.h"
 
 namespace orv {
 
@@ -11,8 +11,7 @@ bool EnsureFolder(const std::wstring& folder) {
     if (IsFolder(folder) || ::CreateDirectoryW(folder.c_str(), nullptr))
         return true;
     const DWORD error = ::GetLastError();
-    PluginData::instance().writeLog(kError, "Create folder " + WideToUtf8(folder) +
-                                                " error, code is " + std::to_string(error));
+    LogSystemError(LogModule::Data, kError, "CreateDirectoryW", error, folder);
     return false;
 }
 

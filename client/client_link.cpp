@@ -4,7 +4,7 @@
 #include "base/windows.h"
 #include "config/plugin_data.h"
 #include "config/submission_windows.h"
-#include "log/module_log.h"
+#include "log/log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 
@@ -143,7 +143,7 @@ bool Exchange(const ClientLink& link, const std::string& requestBody, HANDLE end
 } // namespace
 
 int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ownerWindow) {
-    ModuleLog log("rud_http", 2, 5, 0);
+    ExchangeLog log;
     const std::wstring caption = ResourceText(IDS_CAPTION);
     const std::wstring marker = ResourceText(IDS_LANGUAGE_MARKER);
 
@@ -152,21 +152,21 @@ int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ow
     ExchangeFailure failure;
     if (!Exchange(link, requestBody, endRequest.event(), reply, failure)) {
         if (endRequest.isMade()) {
-            log.write("The exchange was ended by request. The client may have the job.", kWarn);
+            WriteLog(log, kWarn, "The exchange was ended by request. The client may have the job.");
             return kNoReply;
         }
-        log.write(failure.logText, kError);
+        WriteLog(log, kError, failure.logText);
         ShowSubmissionMessage(ownerWindow,
                               ResourceText(IDS_CLIENT_UNREACHABLE) + std::to_wstring(failure.code),
                               caption, MB_OK, marker);
         return kNoReply;
     }
-    log.write("tcp read data successfully.", kInfo);
+    WriteLog(log, kInfo, "tcp read data successfully.");
 
     const std::string json = JsonInReply(reply);
     if (json.empty()) {
         // INFO, because a reply of another program is not an error of the plug-in.
-        log.write("find '{' failed.", kInfo);
+        WriteLog(log, kInfo, "find '{' failed.");
         ShowSubmissionMessage(ownerWindow, ResourceText(IDS_REPLY_WITHOUT_JSON), caption, MB_OK,
                               marker);
         return kNoReply;

@@ -1,6 +1,6 @@
 #include "client/guid_text.h"
 
-#include "log/module_log.h"
+#include "log/log.h"
 
 #include <objbase.h>
 
@@ -21,8 +21,8 @@ std::wstring FormatGuid(const GUID& guid) {
 std::wstring MakeGuidText(GuidSource source) {
     GUID guid{};
     if (FAILED(source(&guid))) {
-        ModuleLog log("rud_http", 2, 5, 0);
-        log.write("The GUID generate failed!", kError);
+        ExchangeLog log;
+        WriteLog(log, kError, "The GUID generate failed!");
         return {};
     }
     return FormatGuid(guid);

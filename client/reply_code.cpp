@@ -2,7 +2,7 @@
 
 #include "analysis/text/text_convert.h"
 #include "config/submission_windows.h"
-#include "log/module_log.h"
+#include "log/log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 
@@ -85,7 +85,7 @@ int ReplyCodeMessage(const std::string& replyText, HWND ownerWindow, ModuleLog& 
     if (!reply.readable) {
         std::printf("Error %lu in WinHttpReadData.\n", ::GetLastError());
         std::fflush(stdout);
-        log.write("Get response data failed: parse the data from client failed!", kError);
+        WriteLog(log, kError, "Get response data failed: parse the data from client failed!");
         ShowSubmissionMessage(ownerWindow, ResourceText(IDS_REPLY_UNREADABLE), caption, MB_OK,
                               marker);
         return kNoReply;
@@ -95,10 +95,10 @@ int ReplyCodeMessage(const std::string& replyText, HWND ownerWindow, ModuleLog& 
     if (known == nullptr)
         return reply.code;
     if (known->textId != 0) {
-        log.write(known->logText, known->severity);
+        WriteLog(log, known->severity, known->logText);
         ShowSubmissionMessage(ownerWindow, ResourceText(known->textId), caption, MB_OK, marker);
     } else {
-        log.write(reply.ownWords, known->severity);
+        WriteLog(log, known->severity, reply.ownWords);
         const std::wstring text =
             reply.hasOwnWords ? Utf8ToWide(reply.ownWords) : ResourceText(IDS_REPLY_UNREADABLE);
         ShowSubmissionMessage(ownerWindow, text, caption, MB_OK, marker);

@@ -5,6 +5,7 @@
 #include "base/folders.h"
 #include "base/handles.h"
 #include "config/client_info.h"
+#include "log/log.h"
 
 namespace orv {
 
@@ -18,10 +19,6 @@ OrvRenderingConfigMgr& OrvRenderingConfigMgr::instance() {
 }
 
 namespace {
-
-constexpr char kLogName[] = "rud_data";
-constexpr std::int32_t kLogMaxSizeMB = 5;
-constexpr std::int32_t kLogFileCount = 2;
 
 // Suffixes of the product folder. The forward slashes stay as they are behind the shell's
 // backslashes.
@@ -50,9 +47,7 @@ PluginData& PluginData::instance() {
 }
 
 PluginData::PluginData() : rememberedControls(MakeRememberedControlLists()) {
-    log_.open(kLogName);
-    log_.setMaxSizeMB(kLogMaxSizeMB);
-    log_.setFileCount(kLogFileCount);
+    OpenLog(LogModule::Data);
 }
 
 bool PluginData::loadClientInfo(ClientInfo& info) {
@@ -64,13 +59,8 @@ bool PluginData::loadClientInfo(ClientInfo& info) {
     info.port = WholeNumber(WideToAnsi(ReadGeneralSetting(L"port")));
     info.lowerVersion = ReadGeneralSetting(L"lowerversion");
     readCustomAddress(info);
-    writeLog(kInfo, "Get client infomation successfully.");
+    WriteLog(LogModule::Data, kInfo, "Get client infomation successfully.");
     return true;
-}
-
-void PluginData::writeLog(const std::string& level, const std::string& message) {
-    const std::lock_guard<std::mutex> lock(logMutex_);
-    log_.write(message, level);
 }
 
 int PluginData::readCustomAddress(ClientInfo& info) {
@@ -79,13 +69,13 @@ int PluginData::readCustomAddress(ClientInfo& info) {
                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) {
         // Usually there is no file, so this is not an error.
-        writeLog(kInfo, "CreateFile error no:" + std::to_string(::GetLastError()));
+        LogSystemError(LogModule::Data, kInfo, "CreateFile", ::GetLastError());
         return 0;
     }
     std::wstring text;
     DWORD error = ERROR_SUCCESS;
     if (!ReadWideText(file.get(), text, error)) {
-        writeLog(kInfo, "ReadFile error no:" + std::to_string(error));
+        LogSystemError(LogModule::Data, kInfo, "ReadFile", error);
         return 0;
     }
     file.reset();

@@ -6,12 +6,10 @@
 #include "config/remembered_settings.h"
 #include "config/scene_analysis.h"
 #include "config/submission_state.h"
-#include "log/module_log.h"
 
 #include <atomic>
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -45,10 +43,6 @@ public:
     // afresh (docs/folders-and-settings.md). The members that belong to one submission stay as they
     // are. Always true: whether the files exist is not checked, missing values are empty and 0.
     bool loadClientInfo(ClientInfo& info);
-
-    // Writes a line to the "rud_data" log. `level` is kInfo, kWarn or kError. Safe from any thread:
-    // the dialog and the workers all write this log.
-    void writeLog(const std::string& level, const std::string& message);
 
     SceneAnalysis analysis;
 
@@ -89,8 +83,6 @@ private:
     int readCustomAddress(ClientInfo& info);
 
     std::shared_ptr<const PackedFiles> packedFiles_; // only through the atomic functions
-    std::mutex logMutex_;                            // guards log_
-    ModuleLog log_;
 };
 
 } // namespace orv

@@ -2,7 +2,7 @@
 
 #include "analysis/text/text_convert.h"
 #include "base/handles.h"
-#include "config/plugin_data.h"
+#include "log/log.h"
 
 #include <algorithm>
 #include <vector>
@@ -16,7 +16,7 @@ constexpr wchar_t kSavePathSection[] = L"TALVEKRO_PLUGIN_SAVE_PATH";
 constexpr std::size_t kLongestValue = 4096; // bytes, the zero at the end included
 
 void LogFailure(const wchar_t* section, const std::string& what) {
-    PluginData::instance().writeLog(kWarn, "Session data " + WideToUtf8(section) + ": " + what);
+    WriteLog(LogModule::Data, kWarn, "Session data " + WideToUtf8(section) + ": " + what);
 }
 
 // The readable size of a view, at most kLongestValue: a section may be smaller.
@@ -47,7 +47,7 @@ bool ReadSection(const wchar_t* name, std::string& value) {
     const MappedView view(::MapViewOfFile(section.get(), FILE_MAP_READ, 0, 0, 0));
     if (!view) {
         const DWORD error = ::GetLastError();
-        LogFailure(name, "map view error, code is " + std::to_string(error));
+        LogSystemError(LogModule::Data, kWarn, "MapViewOfFile", error, name);
         return false;
     }
     const std::vector<char> bytes = CopyOf(view.get());

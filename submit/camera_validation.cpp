@@ -2,8 +2,7 @@
 
 #include "analysis/text/names.h"
 #include "config/dialog_choices.h"
-#include "log/module_log.h"
-#include "submit/dialog_input/dialog_log.h"
+#include "log/log.h"
 
 #include <algorithm>
 
@@ -27,7 +26,7 @@ constexpr Outcome kOutcomes[] = {
 int Logged(int code) {
     for (const Outcome& outcome : kOutcomes) {
         if (outcome.code == code)
-            WriteDialogLog(outcome.level, outcome.logLine);
+            WriteLog(LogModule::Ui, outcome.level, outcome.logLine);
     }
     return code;
 }

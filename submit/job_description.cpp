@@ -6,9 +6,9 @@
 #include "analysis/work_folder.h"
 #include "base/handles.h"
 #include "config/dialog_choices.h"
-#include "config/plugin_data.h"
 #include "config/render_choices.h"
 #include "config/submission_windows.h"
+#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/texts.h"
 
@@ -209,8 +209,7 @@ bool WriteTextFile(const std::wstring& path, const std::string& text) {
     const DWORD error = ::GetLastError();
     file.reset();
     // A half-written job is worse than none: a missing one the client reports.
-    PluginData::instance().writeLog(kError, "Write json file error: " + WideToUtf8(path) +
-                                                ", code is " + std::to_string(error));
+    LogSystemError(LogModule::Data, kError, "WriteFile", error, path);
     ::DeleteFileW(path.c_str());
     return true;
 }
@@ -227,7 +226,7 @@ std::string RequestBody(const Json::Value& job, const JobPaths& paths, const std
 }
 
 bool Fail(HWND dialog, const char* logLine) {
-    PluginData::instance().writeLog(kError, logLine);
+    WriteLog(LogModule::Data, kError, logLine);
     ShowSubmissionMessage(dialog, IDS_JOB_NOT_WRITTEN, IDS_CAPTION);
     return false;
 }
@@ -248,8 +247,8 @@ bool WriteJobDescription(SceneAnalysis& analysis, const SubmissionChoices& choic
         return Fail(dialog, "Open json file failed when write it!");
     requestBody = RequestBody(job, paths, jobFile, choices);
     paths.jsonDir = jobFile;
-    PluginData::instance().writeLog(kInfo, "Write json file at: " + WideToUtf8(jobFile) +
-                                               " successfully.");
+    WriteLog(LogModule::Data, kInfo,
+             "Write json file at: " + WideToUtf8(jobFile) + " successfully.");
     return true;
 }
 

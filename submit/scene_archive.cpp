@@ -7,6 +7,7 @@
 #include "base/folders.h"
 #include "base/windows.h"
 #include "config/plugin_data.h"
+#include "log/log.h"
 
 #include <bcrypt.h>
 
@@ -77,7 +78,7 @@ std::string Md5Hex(const std::string& bytes) {
     Digest digest{};
     const NTSTATUS status = ComputeDigest(bytes, digest);
     if (status < 0) {
-        PluginData::instance().writeLog(kError, "MD5 error, code is " + std::to_string(status));
+        LogSystemError(LogModule::Data, kError, "BCrypt MD5", status);
         return {};
     }
     const char* const digits = "0123456789abcdef";
@@ -152,8 +153,8 @@ constexpr UINT kEndedCode = 1;
 
 void LogWithoutJob(const char* function) {
     const DWORD error = ::GetLastError();
-    PluginData::instance().writeLog(kWarn, std::string("The archiver runs without a job object: ") +
-                                               function + " error no:" + std::to_string(error));
+    const std::string call = std::string("The archiver runs without a job object: ") + function;
+    LogSystemError(LogModule::Data, kWarn, call.c_str(), error);
 }
 
 // A job whose processes end when its last handle is closed.
@@ -233,7 +234,7 @@ constexpr char kArchiveExtension[] = ".7z";
 constexpr wchar_t kUnfinishedSuffix[] = L".tmp";
 
 bool Fail(const std::string& reason) {
-    PluginData::instance().writeLog(kError, "Pack scene: " + reason);
+    WriteLog(LogModule::Data, kError, "Pack scene: " + reason);
     return false;
 }
 
@@ -261,8 +262,8 @@ bool CanTakeArchive(const std::wstring& saveFolder, const std::wstring& fileName
     if (IsFullPath(saveFolder) && Joined(saveFolder, fileName).size() <= kLongestPath &&
         EnsureFolder(saveFolder))
         return true;
-    PluginData::instance().writeLog(kWarn, "Pack scene: the client's folder cannot be used: " +
-                                               Printable(saveFolder));
+    WriteLog(LogModule::Data, kWarn,
+             "Pack scene: the client's folder cannot be used: " + Printable(saveFolder));
     return false;
 }
 
@@ -279,11 +280,11 @@ void DeleteUnfinished(const std::wstring& path) {
     if (!PathExists(path))
         return;
     if (::DeleteFileW(path.c_str())) {
-        PluginData::instance().writeLog(kInfo, "Unfinished archive deleted: " + WideToUtf8(path));
+        WriteLog(LogModule::Data, kInfo, "Unfinished archive deleted: " + WideToUtf8(path));
         return;
     }
     const DWORD error = ::GetLastError();
-    Fail("delete of " + WideToUtf8(path) + " error, code is " + std::to_string(error));
+    LogSystemError(LogModule::Data, kError, "DeleteFileW", error, path);
 }
 
 } // namespace
@@ -318,14 +319,14 @@ void RunArchiver(const JobPaths& paths) {
     ArchiverProcess archiver;
     DWORD error = ERROR_SUCCESS;
     if (!archiver.start(program + Utf8ToWide(paths.archiverArguments), error)) {
-        Fail("start of the archiver " + WideToUtf8(paths.sevenZipPath) + " error, code is " +
-             std::to_string(error));
+        LogSystemError(LogModule::Data, kError, "Pack scene: start of the archiver", error,
+                       paths.sevenZipPath);
         return;
     }
     DWORD exitCode = 0;
     if (archiver.wait(PluginData::instance().endSubmission.event(), exitCode)) {
         if (exitCode == 0) {
-            PluginData::instance().writeLog(kInfo, "Scene packed into " + paths.archivePath);
+            WriteLog(LogModule::Data, kInfo, "Scene packed into " + paths.archivePath);
             return;
         }
         Fail("the archiver ended with code " + std::to_string(exitCode));

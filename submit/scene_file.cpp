@@ -6,8 +6,8 @@
 #include "base/folders.h"
 #include "base/handles.h"
 #include "base/windows.h"
-#include "config/plugin_data.h"
 #include "host/host.h"
+#include "log/log.h"
 
 #include <cstdlib>
 #include <ctime>
@@ -17,10 +17,6 @@ namespace orv {
 
 namespace {
 
-void Log(const std::string& level, const std::string& message) {
-    PluginData::instance().writeLog(level, message);
-}
-
 // The folder of a scene, empty for a scene without a folder.
 std::wstring SceneFolder(const std::wstring& path) {
     return path.substr(0, SceneFileNameStart(path));
@@ -28,12 +24,12 @@ std::wstring SceneFolder(const std::wstring& path) {
 
 bool SaveTo(const std::wstring& path) {
     if (path.size() > kLongestPath) {
-        Log(kError, "Save scene: the path is too long: " + WideToUtf8(path));
+        WriteLog(LogModule::Data, kError, "Save scene: the path is too long: " + WideToUtf8(path));
         return false;
     }
     const bool saved = host::SaveSceneTo(path);
-    Log(saved ? kInfo : kError,
-        "Save scene to " + WideToUtf8(path) + (saved ? " successfully." : " failed."));
+    WriteLog(LogModule::Data, saved ? kInfo : kError,
+             "Save scene to " + WideToUtf8(path) + (saved ? " successfully." : " failed."));
     return saved;
 }
 
@@ -54,14 +50,14 @@ std::string SaveSceneAs(SceneAnalysis& analysis, HWND sceneNameEdit, const std::
 
     const std::wstring folder = SceneFolder(currentPath);
     if (folder.empty()) {
-        Log(kError, "Save scene: the scene has no file yet.");
+        WriteLog(LogModule::Data, kError, "Save scene: the scene has no file yet.");
         return {};
     }
     const std::wstring name = Utf8ToWide(wanted);
     if (!IsPlainFileName(name)) {
         // Windows takes "a:b.max" for a stream behind file "a" and "con.max" for a device: the
         // scene would be written to where nobody finds it.
-        Log(kError, "Save scene: the name is no file's: " + wanted);
+        WriteLog(LogModule::Data, kError, "Save scene: the name is no file's: " + wanted);
         return {};
     }
     const std::wstring path = folder + name;
@@ -143,8 +139,9 @@ bool BackupSceneFile(const SceneAnalysis& analysis, std::wstring& backupPath) {
     const std::string outcome =
         error == ERROR_SUCCESS ? " Success!" : " Error! Code is " + std::to_string(error);
     // A warning in both cases: until it is deleted there is a second copy of the artist's scene.
-    PluginData::instance().writeLog(kWarn, "Backup file from " + analysis.sceneFilePath + " to " +
-                                               WideToUtf8(copyPath) + outcome);
+    WriteLog(LogModule::Data, kWarn,
+             "Backup file from " + analysis.sceneFilePath + " to " + WideToUtf8(copyPath) +
+                 outcome);
     if (error != ERROR_SUCCESS)
         return false;
     backupPath = copyPath;
@@ -163,9 +160,7 @@ void SceneBackup::remove() {
     const std::wstring removed = std::move(path);
     path.clear();
     if (error != ERROR_SUCCESS)
-        PluginData::instance().writeLog(kWarn, "Backup file " + WideToUtf8(removed) +
-                                                   " cannot be deleted! Code is " +
-                                                   std::to_string(error));
+        LogSystemError(LogModule::Data, kWarn, "DeleteFileW", error, removed);
 }
 
 } // namespace orv

@@ -13,6 +13,7 @@
 #include "config/render_choices.h"
 #include "config/submission_windows.h"
 #include "host/host.h"
+#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -112,7 +113,7 @@ private:
     std::int32_t wholeNumber(int control, std::int32_t otherwise) const;
     int show(unsigned textId, UINT type = MB_OK);
     bool isEnded();
-    void deleteFile(const std::wstring& path, const char* what);
+    void deleteFile(const std::wstring& path);
     bool end(std::int32_t result);
     bool endWith(unsigned textId, std::int32_t result, const char* reason);
     void closeDialog() { ::EndDialog(dialog_, 0); }
@@ -156,7 +157,7 @@ bool Submission::end(std::int32_t result) {
 
 bool Submission::endWith(unsigned textId, std::int32_t result, const char* reason) {
     end(result); // before the box: the progress window does not come back behind it
-    data_.writeLog(kError, std::string("Submission: ") + reason);
+    WriteLog(LogModule::Data, kError, std::string("Submission: ") + reason);
     show(textId);
     return false;
 }
@@ -167,21 +168,21 @@ bool Submission::isEnded() {
     if (!data_.endSubmission.isMade())
         return false;
     if (isPacked_)
-        deleteFile(Utf8ToWide(paths_.archivePath), "archive");
+        deleteFile(Utf8ToWide(paths_.archivePath));
     if (isDescribed_)
-        deleteFile(paths_.jsonDir, "job file");
-    data_.writeLog(kWarn, "Submission: ended by request. Nothing was sent to the client.");
+        deleteFile(paths_.jsonDir);
+    WriteLog(LogModule::Data, kWarn,
+             "Submission: ended by request. Nothing was sent to the client.");
     end(kSubmitEnded);
     return true;
 }
 
-void Submission::deleteFile(const std::wstring& path, const char* what) {
+void Submission::deleteFile(const std::wstring& path) {
     if (::DeleteFileW(path.c_str()))
         return;
     const DWORD error = ::GetLastError();
     if (error != ERROR_FILE_NOT_FOUND) // 7-Zip was ended before it had one
-        data_.writeLog(kError, std::string("Submission: delete of the ") + what +
-                                   " error, code is " + std::to_string(error));
+        LogSystemError(LogModule::Data, kError, "DeleteFileW", error, path);
 }
 
 void Submission::takeCoronaLimits() {
@@ -280,8 +281,8 @@ bool Submission::mayReplace(const std::wstring& scene) {
     if (ShowMessage(dialog_, question, caption_, MB_YESNO | MB_DEFBUTTON2, languageMarker_) ==
         IDYES)
         return true;
-    data_.writeLog(kInfo,
-                   "Save scene: the user keeps the scene that is there: " + WideToUtf8(scene));
+    WriteLog(LogModule::Data, kInfo,
+             "Save scene: the user keeps the scene that is there: " + WideToUtf8(scene));
     return false;
 }
 
@@ -352,7 +353,8 @@ void Submission::postJob() {
     if (PostToClient(link, requestBody_, dialog_) == kReplyAccepted)
         closeDialog();
     else if (data_.endSubmission.isMade())
-        data_.writeLog(kWarn, "Submission: ended by request. The client may have the job.");
+        WriteLog(LogModule::Data, kWarn,
+                 "Submission: ended by request. The client may have the job.");
 }
 
 // Nobody else changes the shared analysis while a submission runs; its report and cameras stay as
@@ -395,14 +397,13 @@ std::int32_t RunSubmission(SubmissionChoices choices, HWND dialog, const std::ws
     } catch (...) {
         // Nothing is known of it.
     }
-    PluginData::instance().writeLog(kError, "Submission: unexpected error: " + what);
+    WriteLog(LogModule::Data, kError, "Submission: unexpected error: " + what);
     ShowUnexpectedEnd(dialog, caption, languageMarker);
     return kSubmitFailed;
 }
 
 std::int32_t Logged(std::int32_t result) {
-    PluginData::instance().writeLog(kInfo,
-                                    "The submission ended with " + std::to_string(result) + ".");
+    WriteLog(LogModule::Data, kInfo, "The submission ended with " + std::to_string(result) + ".");
     return result;
 }
 
@@ -423,7 +424,7 @@ std::int32_t SubmitJob(HWND dialog, std::wstring caption, std::wstring unused,
                          std::move(languageMarker));
     }
     EndProgress();
-    data.writeLog(kError, kChoicesNotRead);
+    WriteLog(LogModule::Data, kError, kChoicesNotRead);
     ShowMessage(dialog, ResourceText(IDS_CHOICES_NOT_READ), caption, MB_OK, languageMarker);
     return Logged(kSubmitFailed);
 }

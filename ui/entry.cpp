@@ -1,6 +1,7 @@
 #include "ui/entry.h"
 
 #include "config/plugin_data.h"
+#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -11,12 +12,9 @@
 
 #include <string>
 
-namespace {
+// The host calls these functions: no exception may reach it.
 
-// The callers are the host's: nothing may be thrown into it.
-void LogError(const std::string& line) {
-    orv::PluginData::instance().writeLog(orv::kError, line);
-}
+namespace {
 
 void OpenMainDialog(HWND owner) {
     // A submission goes on when its dialog is closed, and works on the records that an opening
@@ -32,14 +30,14 @@ void OpenMainDialog(HWND owner) {
 } // namespace
 
 void orv_open_main_dialog(HWND owner) {
-    orv::RunGuarded("Opening the dialog failed", LogError, [owner] { OpenMainDialog(owner); });
+    orv::RunGuarded("Opening the dialog failed", orv::LogError, [owner] { OpenMainDialog(owner); });
 }
 
 void orv_wait_before_exit(void) {
-    orv::RunGuarded("Waiting for the submission failed", LogError, orv::WaitBeforeExit);
+    orv::RunGuarded("Waiting for the submission failed", orv::LogError, orv::WaitBeforeExit);
 }
 
 void orv_show_about(void) {
-    orv::RunGuarded("Showing the version failed", LogError,
+    orv::RunGuarded("Showing the version failed", orv::LogError,
                     [] { orv::ShowMessage(nullptr, IDS_ABOUT_TEXT, IDS_ABOUT_CAPTION); });
 }

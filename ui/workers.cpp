@@ -7,6 +7,7 @@
 #include "config/remembered_settings.h"
 #include "config/submission_windows.h"
 #include "host/host.h"
+#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/text.h"
@@ -51,14 +52,6 @@ struct WorkerArguments {
     std::wstring languageMarker;
     ThreadLanguage language;
 };
-
-void LogError(const std::string& message) noexcept {
-    try {
-        PluginData::instance().writeLog(kError, message);
-    } catch (...) {
-        // There is nowhere left to tell it.
-    }
-}
 
 // While the host saves the scene for a submission, which has no thread yet. Of the host's thread.
 bool isSavingFirst = false;
@@ -125,7 +118,7 @@ void KeepLibraryLoaded() {
                                   GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
                               reinterpret_cast<LPCWSTR>(&RunSubmitWorker), &module)) {
         const DWORD error = ::GetLastError();
-        LogError("GetModuleHandleExW error no:" + std::to_string(error));
+        LogSystemError(LogModule::Data, kError, "GetModuleHandleExW", error);
     }
 }
 

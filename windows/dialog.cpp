@@ -1,5 +1,6 @@
 #include "windows/dialog.h"
 
+#include "log/log.h"
 #include "resources/activation_context.h"
 #include "resources/text.h"
 #include "windows/guard.h"
@@ -35,8 +36,8 @@ INT_PTR Dialog::run(int templateId, HWND owner, LPARAM parameter) {
     window_ = nullptr;
     if (!isShown) {
         // No message ever came: there was no window. For a dead owner 0 is returned.
-        writeError("DialogBoxParamW failed for dialog " + std::to_string(templateId) +
-                   ", error no:" + std::to_string(error));
+        writeError(
+            SystemErrorText("DialogBoxParamW", error, L"dialog " + std::to_wstring(templateId)));
         result = -1;
     }
     return result;
@@ -50,7 +51,7 @@ void Dialog::startTimer(UINT_PTR id, UINT milliseconds) {
     if (::SetTimer(window_, id, milliseconds, nullptr) != 0)
         return;
     const DWORD error = ::GetLastError();
-    writeError("SetTimer failed, error no:" + std::to_string(error));
+    writeError(SystemErrorText("SetTimer", error));
     end(0);
 }
 

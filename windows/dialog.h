@@ -48,7 +48,7 @@ protected:
     virtual bool onMessage(UINT /*message*/, WPARAM, LPARAM) { return false; }
 
     // Writes `line`, UTF-8, as an error to the dialog's log.
-    virtual void writeError(const std::string& line) = 0;
+    virtual void writeError(const std::string& line) noexcept = 0;
 
 private:
     static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam,

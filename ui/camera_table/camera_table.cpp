@@ -1,11 +1,10 @@
 #include "ui/camera_table/camera_table.h"
 
 #include "config/dialog_choices.h"
-#include "log/module_log.h"
+#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "submit/dialog_input/dialog_log.h"
 #include "ui/render_options/render_options.h"
 #include "windows/controls.h"
 #include "windows/measures.h"
@@ -83,7 +82,7 @@ void CameraTable::attach(HWND list) {
 
 bool CameraTable::createHead() {
     if (list_ == nullptr) {
-        WriteDialogLog(kError, "No handle result in creating camera table head failed.");
+        WriteLog(LogModule::Ui, kError, "No handle result in creating camera table head failed.");
         return false;
     }
     const int dotsPerInch = DotsPerInch(list_);
@@ -104,16 +103,16 @@ bool CameraTable::createHead() {
 
 void CameraTable::create(const CameraMap& cameras) {
     if (fill(cameras) > 0)
-        WriteDialogLog(kInfo, "Create camera table successfully.");
+        WriteLog(LogModule::Ui, kInfo, "Create camera table successfully.");
     else
-        WriteDialogLog(kWarn, "No cameras or Create camera table failed!");
+        WriteLog(LogModule::Ui, kWarn, "No cameras or Create camera table failed!");
 }
 
 void CameraTable::update(const CameraMap& cameras) {
     if (fill(cameras) > 0)
-        WriteDialogLog(kInfo, "Update camera table successfully.");
+        WriteLog(LogModule::Ui, kInfo, "Update camera table successfully.");
     else
-        WriteDialogLog(kWarn, "No cameras or Create camera table failed!");
+        WriteLog(LogModule::Ui, kWarn, "No cameras or Create camera table failed!");
 }
 
 void CameraTable::readTicks(CameraMap& cameras) const {

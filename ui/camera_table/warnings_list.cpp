@@ -1,8 +1,7 @@
 #include "ui/camera_table/warnings_list.h"
 
 #include "analysis/text/text_convert.h"
-#include "log/module_log.h"
-#include "submit/dialog_input/dialog_log.h"
+#include "log/log.h"
 #include "windows/controls.h"
 
 namespace orv {
@@ -20,9 +19,9 @@ std::vector<std::wstring> WarningLines(const SceneAnalysis& analysis) {
 void FillWarnings(HWND list, const std::vector<std::wstring>& lines) {
     ListBox(list).setLines(lines);
     if (lines.empty())
-        WriteDialogLog(kInfo, "There is no warnning in this scene.");
+        WriteLog(LogModule::Ui, kInfo, "There is no warnning in this scene.");
     else
-        WriteDialogLog(kInfo, "Get warnning infomation of current scene successfully.");
+        WriteLog(LogModule::Ui, kInfo, "Get warnning infomation of current scene successfully.");
 }
 
 } // namespace orv

@@ -1,5 +1,6 @@
 #include "ui/exit/exit_dialog.h"
 
+#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -17,8 +18,8 @@ constexpr UINT kPollMilliseconds = 50;
 
 } // namespace
 
-void ExitDialog::writeError(const std::string& line) {
-    data_.writeLog(kError, line);
+void ExitDialog::writeError(const std::string& line) noexcept {
+    WriteLog(LogModule::Data, kError, line);
 }
 
 bool ExitDialog::onInit(LPARAM /*parameter*/) {

@@ -3,6 +3,7 @@
 #include "config/plugin_data.h"
 #include "config/submission_windows.h"
 #include "host/host.h"
+#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/text.h"
@@ -29,18 +30,6 @@ std::atomic<HWND> guardWindow{nullptr};
 bool hasGuarded = false; // there was a submission in this process
 bool isWaiting = false;
 bool isGivenUp = false;
-
-void Log(const std::string& level, const std::string& message) noexcept {
-    try {
-        PluginData::instance().writeLog(level, message);
-    } catch (...) {
-        // There is nowhere left to tell it.
-    }
-}
-
-void LogError(const std::string& message) noexcept {
-    Log(kError, message);
-}
 
 // Waits for the workers, at most that long, and serves what they send to this thread. False when
 // they still run.
@@ -82,7 +71,8 @@ LRESULT CALLBACK GuardProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
         return IsSubmissionRunning() ? FALSE : TRUE;
     case WM_ENDSESSION:
         if (wParam != FALSE && IsSubmissionRunning() && !EndSubmission(kSessionEndMilliseconds))
-            Log(kError, "Windows shuts down before the submission has ended.");
+            WriteLog(LogModule::Data, kError,
+                     "Windows shuts down before the submission has ended.");
         return 0;
     case WM_CLOSE:
         return 0;
@@ -106,7 +96,7 @@ HWND CreateGuardWindow() {
 void BlockShutdown(HWND window) {
     if (!::ShutdownBlockReasonCreate(window, ResourceText(IDS_SHUTDOWN_REASON).c_str())) {
         const DWORD error = ::GetLastError();
-        Log(kWarn, "ShutdownBlockReasonCreate error no:" + std::to_string(error));
+        LogSystemError(LogModule::Data, kWarn, "ShutdownBlockReasonCreate", error);
     }
 }
 
@@ -157,13 +147,14 @@ bool AskTheUser(PluginData& data) {
 
 void HoldExit() {
     PluginData& data = PluginData::instance();
-    data.writeLog(kInfo, "The host's exit waits for the submission.");
+    WriteLog(LogModule::Data, kInfo, "The host's exit waits for the submission.");
     const bool ended = host::IsUnattended() ? WaitForWorkers(kUnattendedMilliseconds) ||
                                                   EndSubmission(kEndingMilliseconds)
                                             : AskTheUser(data);
     isGivenUp = !ended;
     if (isGivenUp)
-        data.writeLog(kError, "The host's exit goes on: the submission has not ended in time.");
+        WriteLog(LogModule::Data, kError,
+                 "The host's exit goes on: the submission has not ended in time.");
 }
 
 void OnHostExit() {
@@ -184,7 +175,7 @@ void GuardExit() noexcept {
         if (guardWindow == nullptr || !::IsWindow(guardWindow)) {
             guardWindow = CreateGuardWindow();
             if (guardWindow == nullptr)
-                Log(kError, "CreateWindowExW error no:" + std::to_string(::GetLastError()));
+                LogSystemError(LogModule::Data, kError, "CreateWindowExW", ::GetLastError());
             else
                 BlockShutdown(guardWindow);
         }

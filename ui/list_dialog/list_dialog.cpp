@@ -1,6 +1,7 @@
 #include "ui/list_dialog/list_dialog.h"
 
 #include "config/plugin_data.h"
+#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -33,8 +34,8 @@ protected:
         return true;
     }
 
-    void writeError(const std::string& line) override {
-        PluginData::instance().writeLog(kError, line);
+    void writeError(const std::string& line) noexcept override {
+        WriteLog(LogModule::Data, kError, line);
     }
 
 private:

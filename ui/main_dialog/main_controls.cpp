@@ -3,9 +3,8 @@
 #include "analysis/text/names.h"
 #include "analysis/text/text_convert.h"
 #include "config/render_choices.h"
-#include "log/module_log.h"
+#include "log/log.h"
 #include "resources/controls.h"
-#include "submit/dialog_input/dialog_log.h"
 #include "windows/controls.h"
 
 #include <algorithm>
@@ -210,14 +209,14 @@ void SetSceneName(HWND field, const std::string& fileName) {
     const std::wstring name = SceneNameOf(Utf8ToWide(fileName));
     Edit(field).setText(name);
     if (name.empty())
-        WriteDialogLog(kWarn, "The scene name is empty!");
+        WriteLog(LogModule::Ui, kWarn, "The scene name is empty!");
     else
-        WriteDialogLog(kInfo, "Set scene name successfully.");
+        WriteLog(LogModule::Ui, kInfo, "Set scene name successfully.");
 }
 
 std::wstring GetSceneName(HWND field) {
     std::wstring name = SceneFileNameOf(Edit(field).text());
-    WriteDialogLog(kInfo, "Get scene name text down, it is :" + WideToUtf8(name));
+    WriteLog(LogModule::Ui, kInfo, "Get scene name text down, it is :" + WideToUtf8(name));
     return name;
 }
 

@@ -10,10 +10,10 @@
 #include "config/dialog_choices.h"
 #include "config/submission_windows.h"
 #include "host/host.h"
+#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "submit/dialog_input/dialog_log.h"
 #include "ui/camera_table/warnings_list.h"
 #include "ui/main_dialog/main_layout.h"
 #include "ui/workers.h"
@@ -40,8 +40,8 @@ ClientVersion CheckClientVersion(const std::wstring& lowestAccepted,
 
 MainDialog::MainDialog(PluginData& data) : data_(data), options_(data) {}
 
-void MainDialog::writeError(const std::string& line) {
-    WriteDialogLog(kError, line);
+void MainDialog::writeError(const std::string& line) noexcept {
+    WriteLog(LogModule::Ui, kError, line);
 }
 
 bool MainDialog::onInit(LPARAM /*parameter*/) {
@@ -51,7 +51,7 @@ bool MainDialog::onInit(LPARAM /*parameter*/) {
     winsock_ = std::make_unique<WinsockSession>();
     if (!winsock_->started()) {
         std::fputs("Load WinSock Failed!\n", stdout);
-        WriteDialogLog(kError, "Load WinSock Failed!");
+        WriteLog(LogModule::Ui, kError, "Load WinSock Failed!");
         // Nothing is filled in: there is nothing to submit.
         for (HWND control : EnabledControlsButCancel(window()))
             ::EnableWindow(control, FALSE);

@@ -2,6 +2,7 @@
 
 #include "analysis/text/numbers.h"
 #include "config/submission_windows.h"
+#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -85,8 +86,8 @@ bool ProgressDialog::waitForScreen() {
     return false;
 }
 
-void ProgressDialog::writeError(const std::string& line) {
-    PluginData::instance().writeLog(kError, line);
+void ProgressDialog::writeError(const std::string& line) noexcept {
+    WriteLog(LogModule::Data, kError, line);
 }
 
 bool ProgressDialog::onInit(LPARAM /*parameter*/) {

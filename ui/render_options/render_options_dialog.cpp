@@ -3,11 +3,10 @@
 #include "analysis/text/names.h"
 #include "analysis/text/numbers.h"
 #include "config/dialog_choices.h"
-#include "log/module_log.h"
+#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
-#include "submit/dialog_input/dialog_log.h"
 #include "windows/controls.h"
 #include "windows/measures.h"
 
@@ -17,14 +16,14 @@ namespace orv {
 RenderOptionsDialog::RenderOptionsDialog(PluginData& data, std::vector<std::wstring> cameras)
     : data_(data), cameras_(std::move(cameras)) {}
 
-void RenderOptionsDialog::writeError(const std::string& line) {
-    WriteDialogLog(kError, line);
+void RenderOptionsDialog::writeError(const std::string& line) noexcept {
+    WriteLog(LogModule::Ui, kError, line);
 }
 
 bool RenderOptionsDialog::onInit(LPARAM /*parameter*/) {
     gdiplus_ = std::make_unique<GdiplusSession>();
     if (!gdiplus_->started())
-        WriteDialogLog(kError, "GdiplusStartup failed.");
+        WriteLog(LogModule::Ui, kError, "GdiplusStartup failed.");
     data_.imageSlots.clear();
     for (const Toggle& toggle : kToggles)
         data_.imageSlots.push_back({toggle.pressed, false});
@@ -157,13 +156,15 @@ void RenderOptionsDialog::nameTyped() {
         break;
     case OutputName::TooLong:
         ShowMessage(window(), IDS_NAME_TOO_LONG, IDS_CAPTION_CHECK);
-        WriteDialogLog(kWarn, "You are setting camera name that its length longer than 100!");
+        WriteLog(LogModule::Ui, kWarn,
+                 "You are setting camera name that its length longer than 100!");
         break;
     case OutputName::HasForbidden:
-        WriteDialogLog(kWarn, "You are setting camera name that contain invalid characters.");
+        WriteLog(LogModule::Ui, kWarn,
+                 "You are setting camera name that contain invalid characters.");
         ShowMessage(window(), IDS_NAME_CHARACTERS_REMOVED, IDS_CAPTION_CHECK);
         setText(IDC_OPTIONS_NAME, WithoutIllegalNameChars(name));
-        WriteDialogLog(kInfo, "Remove invalid characters successfully.");
+        WriteLog(LogModule::Ui, kInfo, "Remove invalid characters successfully.");
         break;
     }
 }

@@ -28,7 +28,7 @@ protected:
     bool onClose() override;
     void onDestroy() override;
     bool onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-    void writeError(const std::string& line) override;
+    void writeError(const std::string& line) noexcept override;
 
 private:
     // Filling. The record shown is the first camera's.

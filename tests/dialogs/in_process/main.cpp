@@ -1,6 +1,5 @@
-#include "log/module_log.h"
+#include "log/log.h"
 #include "resources/text.h"
-#include "submit/dialog_input/dialog_log.h"
 #include "tests/support/product_folder.h"
 
 #include <gtest/gtest.h>
@@ -12,6 +11,6 @@ int main(int argc, char** argv) {
     // The log stays in the folder that the settings name when its first line is written: here there
     // are none.
     const orv::test::TestProductFolder folder;
-    orv::WriteDialogLog(orv::kInfo, "opened");
+    orv::WriteLog(orv::LogModule::Ui, orv::kInfo, "opened");
     return RUN_ALL_TESTS();
 }

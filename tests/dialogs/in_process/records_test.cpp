@@ -1,6 +1,7 @@
 // The dialog and the camera records that it shares with the submission.
 #include "config/dialog_choices.h"
 #include "config/plugin_data.h"
+#include "log/log.h"
 #include "resources/controls.h"
 #include "tests/dialogs/dialog_user.h"
 #include "tests/dialogs/in_process/open_dialog.h"

@@ -64,7 +64,7 @@ Fault FileWhereTheOutputFolderBelongs() {
     fault.arrange = [](FaultTable& flow) { WriteFileBytes(flow.outputFolder(), "a file"); };
     fault.textId = IDS_JOB_NOT_WRITTEN;
     fault.result = -1;
-    fault.logLine = "[ERROR] Create folder ";
+    fault.logLine = "[ERROR] CreateDirectoryW ";
     fault.mend = [](FaultTable& flow) { DeleteTree(flow.outputFolder()); };
     return fault;
 }

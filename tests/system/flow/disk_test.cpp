@@ -83,7 +83,7 @@ TEST_F(Disk, WithoutAnyRoomLeavesNoHalfWrittenFile) {
     ASSERT_NO_FATAL_FAILURE(fillUp());
     expectRefusedByTheClient(IDS_REPLY_JOB_FILE_MISSING);
     EXPECT_TRUE(logHas(L"rud_data", "[ERROR] Pack scene: the archiver ended with code "));
-    EXPECT_TRUE(logHas(L"rud_data", "[ERROR] Write json file error: "));
+    EXPECT_TRUE(logHas(L"rud_data", "[ERROR] WriteFile "));
     EXPECT_TRUE(archives().empty());
     EXPECT_TRUE(jobFiles().empty());
     expectNothingLostOrLeft({L"filler.bin"});
@@ -106,7 +106,7 @@ TEST_F(Disk, ThatCannotBeWrittenToIsTold) {
         EXPECT_EQ(code, -1);
         EXPECT_TRUE(dialogStays());
     }
-    EXPECT_TRUE(logHas(L"rud_data", "[ERROR] Create folder "));
+    EXPECT_TRUE(logHas(L"rud_data", "[ERROR] CreateDirectoryW "));
     EXPECT_TRUE(logHas(L"rud_data", "[ERROR] Pack scene: the archiver ended with code "));
     EXPECT_TRUE(logHas(L"rud_data", "[ERROR] Open json file failed when write it!"));
     EXPECT_TRUE(ListFolder(outputFolder()).empty());

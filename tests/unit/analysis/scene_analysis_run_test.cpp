@@ -107,7 +107,7 @@ TEST_F(SceneAnalysisRun, SucceedsWithAnEmptyTextWhenTheScriptWroteNoReport) {
     ASSERT_TRUE(run());
     EXPECT_TRUE(reportText_.empty());
     EXPECT_TRUE(PathExists(jsonFolder()));
-    EXPECT_NE(product_.log(L"rud_data").find("[ERROR] Open report "), std::string::npos);
+    EXPECT_NE(product_.log(L"rud_data").find("[ERROR] CreateFileW "), std::string::npos);
 }
 
 TEST_F(SceneAnalysisRun, ReadsAReportThatIsNotJsonAsItStands) {
@@ -146,7 +146,7 @@ TEST_F(SceneAnalysisRun, SucceedsWithAnEmptyTextWhenTheReportIsHeldByAnother) {
     };
     EXPECT_TRUE(run());
     EXPECT_TRUE(reportText_.empty());
-    EXPECT_NE(product_.log(L"rud_data").find("error, code is 32"), std::string::npos);
+    EXPECT_NE(product_.log(L"rud_data").find("error no:32"), std::string::npos);
     EXPECT_TRUE(PathExists(reportPath())) << "what cannot be deleted stays";
 }
 
@@ -158,7 +158,7 @@ TEST_F(SceneAnalysisRun, RunsTheScriptAlthoughTheWorkFolderCannotBeMade) {
     };
     EXPECT_FALSE(run());
     EXPECT_EQ(watcher.stop().size(), 1U);
-    EXPECT_NE(product_.log(L"rud_data").find("[ERROR] Create folder "), std::string::npos);
+    EXPECT_NE(product_.log(L"rud_data").find("[ERROR] CreateDirectoryW "), std::string::npos);
 }
 
 } // namespace

@@ -225,7 +225,7 @@ TEST_F(SceneArchive, OfTheSameNameIsKeptWhenANewOneFails) {
 TEST_F(SceneArchive, LogsAnArchiverThatIsMissing) {
     ASSERT_TRUE(pack(L"shot.max"));
     RunArchiver(paths_);
-    EXPECT_NE(log().find("7z.exe error, code is "), std::string::npos);
+    EXPECT_NE(log().find("7z.exe error no:"), std::string::npos);
 }
 
 TEST_F(SceneArchive, KeepsItsPasswordOutOfTheLog) {

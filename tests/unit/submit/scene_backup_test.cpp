@@ -111,8 +111,7 @@ TEST_F(SceneBackupFile, LogsACopyThatCannotBeDeleted) {
     backup.path = copy;
     backup.remove();
     EXPECT_NE(
-        product_.log(L"rud_data")
-            .find("[WARN] Backup file " + WideToUtf8(copy) + " cannot be deleted! Code is 32"),
+        product_.log(L"rud_data").find("[WARN] DeleteFileW " + WideToUtf8(copy) + " error no:32"),
         std::string::npos);
 }
 

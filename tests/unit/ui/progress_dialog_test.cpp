@@ -74,8 +74,9 @@ TEST(DialogsOfASubmission, WriteToTheDataLogWhenTheyCannotBeShown) {
     EXPECT_EQ(RunListDialog(owner, {}), -1);
     const std::string log = folder.log(L"rud_data");
     for (const int dialog : {IDD_PROGRESS, IDD_EXIT, IDD_LIST})
-        EXPECT_NE(log.find("[ERROR] DialogBoxParamW failed for dialog " + std::to_string(dialog)),
-                  std::string::npos)
+        EXPECT_NE(
+            log.find("[ERROR] DialogBoxParamW dialog " + std::to_string(dialog) + " error no:"),
+            std::string::npos)
             << dialog;
 }
 
