@@ -4,6 +4,7 @@
 #include "standin/host/host.h"
 #include "tests/dialogs/dialog_user.h"
 #include "tests/support/files.h"
+#include "tests/support/program_folder.h"
 #include "tests/support/wait_until.h"
 
 #include <stdexcept>
@@ -29,13 +30,6 @@ Json::Value Parsed(const std::string& json) {
     if (!reader.parse(json, value))
         throw std::runtime_error("the test's scene is no JSON");
     return value;
-}
-
-std::wstring FolderOfThisProgram() {
-    wchar_t path[MAX_PATH] = {};
-    ::GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::wstring whole = path;
-    return whole.substr(0, whole.rfind(L'\\'));
 }
 
 // The pull-down menu of that title, null when the host has none.
@@ -93,7 +87,7 @@ void PluginHost::start(LANGID language) {
 
 void PluginHost::run(LANGID language) {
     standin::HostOptions options;
-    options.pluginFolder = FolderOfThisProgram();
+    options.pluginFolder = ProgramFolder();
     options.scenePath = sceneName.empty() ? std::wstring() : scenePath();
     options.language =
         language == kEnglishLanguage ? standin::Language::English : standin::Language::Chinese;

@@ -3,6 +3,7 @@
 #include "base/folders.h"
 #include "base/windows.h"
 #include "tests/support/files.h"
+#include "tests/support/program_folder.h"
 
 namespace orv {
 namespace test {
@@ -38,10 +39,7 @@ std::string TestProductFolder::read(const std::wstring& suffix) const {
 }
 
 void TestProductFolder::installScripts() const {
-    wchar_t program[MAX_PATH] = {};
-    ::GetModuleFileNameW(nullptr, program, MAX_PATH);
-    const std::wstring here(program);
-    const std::wstring folder = here.substr(0, here.rfind(L'\\')) + L"\\scripts";
+    const std::wstring folder = ProgramFolder() + L"\\scripts";
     for (const std::wstring& name : ListFolder(folder))
         write(L"/script/" + name, ReadFileBytes(folder + L"\\" + name));
     write(L"/script/MaxRenderGlobalsParser.mse", read(L"/script/MaxRenderGlobalsParser.ms"));

@@ -3,7 +3,7 @@
 
 #include "host/abi_facts.h"
 #include "standin/maxutil.h"
-#include "tests/system/abi/program_folder.h"
+#include "tests/support/program_folder.h"
 #include "tests/system/abi/slots.h"
 #include "tests/system/abi/test_host.h"
 

@@ -2,7 +2,7 @@
 #include "base/product.h"
 #include "tests/support/files.h"
 #include "tests/system/abi/pe_names.h"
-#include "tests/system/abi/program_folder.h"
+#include "tests/support/program_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

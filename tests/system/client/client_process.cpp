@@ -1,5 +1,6 @@
 #include "tests/system/client/client_process.h"
 
+#include "tests/support/program_folder.h"
 #include "tests/support/wait_until.h"
 
 #include <stdexcept>
@@ -7,18 +8,6 @@
 
 namespace orv {
 namespace test {
-
-namespace {
-
-std::wstring ProgramPath() {
-    std::vector<wchar_t> path(32768);
-    const DWORD length =
-        ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    const std::wstring own(path.data(), length);
-    return own.substr(0, own.find_last_of(L'\\') + 1) + L"standin-client.exe";
-}
-
-} // namespace
 
 ClientProcess::ClientProcess(const std::wstring& arguments) {
     SECURITY_ATTRIBUTES inherited{};
@@ -39,7 +28,7 @@ ClientProcess::ClientProcess(const std::wstring& arguments) {
     startup.hStdOutput = writeEnd;
     startup.hStdError = ::GetStdHandle(STD_ERROR_HANDLE);
     PROCESS_INFORMATION started{};
-    const std::wstring program = ProgramPath();
+    const std::wstring program = ProgramFolder() + L"\\standin-client.exe";
     std::wstring commandLine = L"\"" + program + L"\" " + arguments;
     // A busy Wine refuses a new process now and then.
     const auto start = [&] {

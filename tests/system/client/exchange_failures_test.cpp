@@ -89,6 +89,18 @@ TEST_F(AFailedExchange, WithAReplyThatIsNotTheClientsIsReported) {
     deep.append(2000, '[');
     const BadReply replies[] = {
         {"garbage", "\x01\x02\xFF\xFE garbage", false},
+        {"one byte", "H", false},
+        {"half a status line", "HTTP/1.1 2", false},
+        {"half the headers", "HTTP/1.1 200 OK\r\nContent-Le", false},
+        {"headers without their end", "HTTP/1.1 200 OK\r\nContent-Length: 13\r\n", false},
+        {"no body", "HTTP/1.1 200 OK\r\nContent-Length: 13\r\n\r\n", false},
+        {"another protocol", "SSH-2.0-OpenSSH_9.2\r\n", false},
+        {"another status", "HTTP/1.1 500 Oops\r\nContent-Length: 0\r\n\r\n", false},
+        {"garbage with a brace behind a zero", std::string("\0\xFF\xFE{\"\0}\r\n\r\n{", 12), false},
+        {"a list", "HTTP/1.1 200 OK\r\n\r\n[10001]", false},
+        {"900 lists", "HTTP/1.1 200 OK\r\n\r\n" + std::string(900, '['), false},
+        {"a code beyond all numbers", "HTTP/1.1 200 OK\r\n\r\n{\"ret\":99999999999999999999}",
+         true},
         {"a head alone", "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n", false},
         {"a zero first", std::string("\0{\"ret\":10001}", 14), false},
         {"half of the JSON", "HTTP/1.1 200 OK\r\n\r\n{\"ret\":100", true},

@@ -1,10 +1,10 @@
 #include "tests/system/exit/host_process.h"
 
-#include "analysis/text/paths.h"
 #include "resources/controls.h"
 #include "standin/host/main_window.h"
 #include "standin/host/menu_bar.h"
 #include "tests/support/files.h"
+#include "tests/support/program_folder.h"
 
 #include <stdexcept>
 
@@ -16,12 +16,6 @@ constexpr int kMessageText = 0xFFFF; // the control of a message box that holds 
 
 // The commands of the host's own menu come first: Open, Save, Save As, Exit.
 constexpr int kSubmitCommand = standin::kFirstMenuId + standin::kCommandExit;
-
-std::wstring FolderOfThisProgram() {
-    wchar_t path[MAX_PATH] = {};
-    ::GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return FolderPart(path);
-}
 
 struct Search {
     DWORD process;
@@ -54,10 +48,8 @@ HWND Find(DWORD process, int control, const wchar_t* className) {
 
 HostProcess::HostProcess(const std::wstring& scenePath, const std::wstring& logFile,
                          const std::wstring& arguments) {
-    const std::wstring folder = FolderOfThisProgram();
-    std::wstring plugins = folder;
-    plugins.pop_back(); // a backslash before a quote would take it along
-    std::wstring commandLine = L"\"" + folder + L"standin-host.exe\" --plugin-dir \"" + plugins +
+    const std::wstring folder = ProgramFolder();
+    std::wstring commandLine = L"\"" + folder + L"\\standin-host.exe\" --plugin-dir \"" + folder +
                                L"\" --scene \"" + scenePath + L"\" --log \"" + logFile + L"\" " +
                                arguments;
     STARTUPINFOW startup{};

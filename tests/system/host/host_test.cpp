@@ -1,8 +1,8 @@
 // The host without plug-ins: window, menu bar, scene, script texts from the host's libraries.
 #include "standin/host/text.h"
 #include "standin/sdk/include/standin/core.h"
+#include "tests/support/program_folder.h"
 #include "tests/system/host/host_under_test.h"
-#include "tests/system/host/run_program.h"
 
 #include <gtest/gtest.h>
 
@@ -246,7 +246,7 @@ TEST_F(HostAlone, RefusesALibraryThatIsNoPlugin) {
     const std::wstring plugins = folder.file(L"plug-ins");
     orv::test::WriteFileBytes(plugins + L"\\text.gup", "this is not a library");
     orv::test::WriteFileBytes(plugins + L"\\other.gup",
-                              orv::test::ReadFileBytes(ProgramFolder() + L"\\gup.dll"));
+                              orv::test::ReadFileBytes(orv::test::ProgramFolder() + L"\\gup.dll"));
     options.pluginFolder = plugins;
     HostUnderTest host(options);
     ASSERT_TRUE(host->start());

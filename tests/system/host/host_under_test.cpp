@@ -1,7 +1,7 @@
 #include "tests/system/host/host_under_test.h"
 
 #include "tests/support/files.h"
-#include "tests/system/host/run_program.h"
+#include "tests/support/program_folder.h"
 
 #include <algorithm>
 
@@ -32,8 +32,9 @@ HMENU PullDown(HMENU bar, const std::wstring& title) {
 
 std::wstring MakePluginFolder(const SceneFolder& folder) {
     const std::wstring plugins = folder.file(L"plug-ins \u63D2\u4EF6");
-    orv::test::WriteFileBytes(plugins + L"\\OrvRendering.gup",
-                              orv::test::ReadFileBytes(ProgramFolder() + L"\\OrvRendering.gup"));
+    orv::test::WriteFileBytes(
+        plugins + L"\\OrvRendering.gup",
+        orv::test::ReadFileBytes(orv::test::ProgramFolder() + L"\\OrvRendering.gup"));
     return plugins;
 }
 

@@ -5,9 +5,9 @@
 #include "standin/sdk/include/standin/menus.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/product_folder.h"
+#include "tests/support/program_folder.h"
 #include "tests/system/host/host_under_test.h"
 #include "tests/system/host/process_counts.h"
-#include "tests/system/host/run_program.h"
 
 #include <commctrl.h>
 #include <gtest/gtest.h>
@@ -278,8 +278,9 @@ class RefusedLibraries : public HostWithPlugin,
                          public ::testing::WithParamInterface<RefusedLibrary> {};
 
 TEST_P(RefusedLibraries, AreToldAndDoNotKeepTheOthersOut) {
-    orv::test::WriteFileBytes(options.pluginFolder + L"\\a.gup",
-                              orv::test::ReadFileBytes(ProgramFolder() + L"\\" + GetParam().file));
+    orv::test::WriteFileBytes(
+        options.pluginFolder + L"\\a.gup",
+        orv::test::ReadFileBytes(orv::test::ProgramFolder() + L"\\" + GetParam().file));
     HostUnderTest host(options);
     ASSERT_TRUE(host->start());
     const auto refused = host.events("plugin_refused");

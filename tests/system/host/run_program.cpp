@@ -2,6 +2,7 @@
 
 #include "base/handles.h"
 #include "tests/support/files.h"
+#include "tests/support/program_folder.h"
 
 #include <sstream>
 #include <stdexcept>
@@ -32,18 +33,11 @@ std::vector<std::string> Lines(const std::string& text) {
 
 } // namespace
 
-std::wstring ProgramFolder() {
-    wchar_t path[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    const std::wstring full(path);
-    return full.substr(0, full.find_last_of(L"\\/"));
-}
-
 ProgramRun RunProgram(const std::wstring& name, const std::wstring& arguments,
                       const std::wstring& folder) {
     const std::wstring outputPath = folder + L"\\output.txt";
     orv::FileHandle output = CreateOutput(outputPath);
-    std::wstring command = L"\"" + ProgramFolder() + L"\\" + name + L"\" " + arguments;
+    std::wstring command = L"\"" + orv::test::ProgramFolder() + L"\\" + name + L"\" " + arguments;
     STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
     startup.dwFlags = STARTF_USESTDHANDLES;

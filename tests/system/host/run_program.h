@@ -10,9 +10,6 @@ struct ProgramRun {
     std::vector<std::string> lines; // of standard output and standard error, without line ends
 };
 
-// Folder of the test program.
-std::wstring ProgramFolder();
-
 // `arguments` stands on the command line as it is. Output goes through a file in `folder`.
 ProgramRun RunProgram(const std::wstring& name, const std::wstring& arguments,
                       const std::wstring& folder);

@@ -1,7 +1,7 @@
 // What the loader has to change when it moves a file of ours.
 #include "tests/support/files.h"
 #include "tests/support/pe_file.h"
-#include "tests/system/abi/program_folder.h"
+#include "tests/support/program_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

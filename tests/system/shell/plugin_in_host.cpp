@@ -1,7 +1,7 @@
 #include "tests/system/shell/plugin_in_host.h"
 
 #include "standin/maxutil.h"
-#include "tests/system/abi/program_folder.h"
+#include "tests/support/program_folder.h"
 
 #include <stdexcept>
 

@@ -2,7 +2,7 @@
 
 #include "analysis/report_json.h"
 #include "analysis/text/text_convert.h"
-#include "tests/system/abi/program_folder.h"
+#include "tests/support/program_folder.h"
 
 #include <fstream>
 #include <json/reader.h>

@@ -1,10 +1,10 @@
 #include "tests/unit/submit/archiver.h"
 
-#include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "base/folders.h"
 #include "base/handles.h"
 #include "tests/support/files.h"
+#include "tests/support/program_folder.h"
 
 #include <stdexcept>
 
@@ -13,9 +13,7 @@ namespace test {
 namespace {
 
 std::wstring SevenZipBesideTheTest() {
-    wchar_t program[MAX_PATH] = {};
-    ::GetModuleFileNameW(nullptr, program, MAX_PATH);
-    return FolderPart(program) + L"7-Zip\\7z.exe";
+    return ProgramFolder() + L"\\7-Zip\\7z.exe";
 }
 
 } // namespace
