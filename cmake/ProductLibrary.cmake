@@ -43,10 +43,16 @@ function(orv_run_under_wine name)
 endfunction()
 
 # orv_test(<name> SOURCES <file>... USES <library>... [SECONDS <number>])
-# One test program, run as one process. SECONDS is how long a program of more than 20 seconds takes: those
+# One test program, run as one process. Its name is its folder below tests/, a word more where the folder has
+# several, and "test", joined by "_": tests/system/flow has system_flow_test and system_flow_disk_test. SECONDS is how long a program of more than 20 seconds takes: those
 # start first.
 function(orv_test name)
   cmake_parse_arguments(ARG "" "SECONDS" "SOURCES;USES" ${ARGN})
+  file(RELATIVE_PATH folder ${CMAKE_SOURCE_DIR}/tests ${CMAKE_CURRENT_SOURCE_DIR})
+  string(REPLACE "/" "_" folder ${folder})
+  if(NOT name MATCHES "^${folder}(_[a-z0-9]+)*_test$")
+    message(FATAL_ERROR "the test program ${name} is not named after its folder: ${folder}_test")
+  endif()
   if(NOT ARG_SECONDS)
     set(ARG_SECONDS 0)
   endif()

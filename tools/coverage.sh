@@ -2,7 +2,7 @@
 # `./dev coverage`: which lines and branches of the product the tests run.
 
 # Left out is what runs the same code again: the package, another resolution, load and hostile inputs.
-coverage_leaves_out='^(package_test|texts_and_pages_agree|orv_test_dialogs_144|orv_soak_test|orv_fuzz_share)$'
+coverage_leaves_out='^(system_package_test|texts_and_pages_test|dialogs_144_test|system_soak_test|fuzz_share_test)$'
 
 dev_coverage() {
   local tree=$build_dir/mingw-coverage

@@ -15,5 +15,5 @@ dev_soak() {
 
 soak_run() {
   cd "$build_dir/mingw/bin"
-  wine orv_soak_test.exe 2>/dev/null </dev/null | tr -d '\r' | tee "$1"
+  wine system_soak_test.exe 2>/dev/null </dev/null | tr -d '\r' | tee "$1"
 }
