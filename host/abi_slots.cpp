@@ -15,7 +15,7 @@ namespace {
 const int kEntries = 300; // more than the largest table that is asked about
 int reached = -1;
 
-// Placeholder for anything that a function takes or returns by reference; never read.
+// The referent of anything that a function takes or returns by reference; never read.
 void* anything[64];
 
 // On x64 the caller removes the arguments, so an entry may ignore them.

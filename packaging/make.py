@@ -54,10 +54,11 @@ def filled(template, target, values):
 
 
 def licences(folder, deps):
-    """The licences as the packages have them that the works came from."""
+    """Our licence, and those of the works of others as their packages have them."""
     documents = Path("/usr/share/doc")
     for source, name in (
             (HERE / "licences.txt", "README.txt"),
+            (HERE.parent / "LICENSE", "licence-orv-rendering.txt"),
             (documents / "7zip/copyright", "licence-7-zip.txt"),
             (Path("/usr/share/common-licenses/LGPL-2.1"), "licence-lgpl-2.1.txt"),
             (deps / "7-Zip/package-license.txt", "licence-7zip-bin.txt"),

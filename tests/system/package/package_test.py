@@ -88,7 +88,7 @@ def files_below(folder):
 
 def expected_product(scripts):
     licences = {"README.txt", *(f"licence-{n}.txt" for n in
-                                ("7-zip", "lgpl-2.1", "7zip-bin", "jsoncpp", "gcc", "mingw-w64"))}
+                                ("orv-rendering", "7-zip", "lgpl-2.1", "7zip-bin", "jsoncpp", "gcc", "mingw-w64"))}
     return ({"7-Zip/7z.exe", "7-Zip/License.txt", "uninstall.exe", "script/rud_plugin.ini"}
             | {f"script/{f.name}" for f in scripts.iterdir()} | {f"licences/{name}" for name in licences})
 
