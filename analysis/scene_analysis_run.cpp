@@ -48,7 +48,7 @@ std::string ReadReportFile(const std::wstring& path) {
     const FileHandle file(::CreateFileW(path.c_str(), GENERIC_READ,
                                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                         nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    LARGE_INTEGER size{};
+    LARGE_INTEGER size = {};
     if (!file || !::GetFileSizeEx(file.get(), &size)) {
         const DWORD error = ::GetLastError();
         LogSystemError(LogModule::Data, kError, file ? "GetFileSizeEx" : "CreateFileW", error,

@@ -17,7 +17,7 @@ namespace orv {
 namespace {
 
 bool Start() {
-    WSADATA data{};
+    WSADATA data = {};
     if (::WSAStartup(MAKEWORD(2, 2), &data) != 0)
         return false;
     if (data.wVersion == MAKEWORD(2, 2))
@@ -78,7 +78,7 @@ bool Connect(SOCKET socket, const ClientLink& link, ExchangeFailure& failure) {
         failure = FailureOf(kConnectError, WSAEADDRNOTAVAIL);
         return false;
     }
-    sockaddr_in address{};
+    sockaddr_in address = {};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = ::inet_addr(WideToUtf8(link.host).c_str());
     address.sin_port = ::htons(static_cast<u_short>(link.port));

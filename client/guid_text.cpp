@@ -19,7 +19,7 @@ std::wstring FormatGuid(const GUID& guid) {
 }
 
 std::wstring MakeGuidText(GuidSource source) {
-    GUID guid{};
+    GUID guid = {};
     if (FAILED(source(&guid))) {
         ExchangeLog log;
         WriteLog(log, kError, "The GUID generate failed!");

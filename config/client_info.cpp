@@ -12,7 +12,7 @@ constexpr LONGLONG kMaximumBytes = 64LL * 1024 * 1024;
 } // namespace
 
 bool ReadWideText(HANDLE file, std::wstring& text, DWORD& error) {
-    LARGE_INTEGER size{};
+    LARGE_INTEGER size = {};
     if (!::GetFileSizeEx(file, &size)) {
         error = ::GetLastError();
         return false;

@@ -21,7 +21,7 @@ void LogFailure(const wchar_t* section, const std::string& what) {
 
 // The readable size of a view, at most kLongestValue: a section may be smaller.
 std::size_t SizeOf(const void* view) {
-    MEMORY_BASIC_INFORMATION region{};
+    MEMORY_BASIC_INFORMATION region = {};
     if (::VirtualQuery(view, &region, sizeof(region)) == 0 || region.State != MEM_COMMIT)
         return 0;
     return std::min<std::size_t>(region.RegionSize, kLongestValue);

@@ -129,12 +129,12 @@ void ModuleLog::rotate() {
 }
 
 std::string ModuleLog::timeStamp() const {
-    SYSTEMTIME now{};
+    SYSTEMTIME now = {};
     ::GetLocalTime(&now);
     const char* format =
         compactTime_ == 0 ? "%4d-%02d-%02d %02d:%02d:%02d:%03d" : "%4d%02d%02d %02d:%02d:%02d:%03d";
     char text[64] = {};
-    std::snprintf(text, sizeof text, format, now.wYear, now.wMonth, now.wDay, now.wHour,
+    std::snprintf(text, sizeof(text), format, now.wYear, now.wMonth, now.wDay, now.wHour,
                   now.wMinute, now.wSecond, now.wMilliseconds);
     return text;
 }

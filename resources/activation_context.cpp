@@ -13,7 +13,7 @@ HANDLE CreatePluginContext() {
     const HINSTANCE module = orv_resource_module();
     if (module == nullptr)
         return INVALID_HANDLE_VALUE; // the flag below would then mean the host's program file
-    ACTCTXW description{};
+    ACTCTXW description = {};
     description.cbSize = sizeof(description);
     description.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
     description.hModule = module;

@@ -164,7 +164,7 @@ JobHandle MakeJob() {
         LogWithoutJob("CreateJobObjectW");
         return job;
     }
-    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+    JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits = {};
     limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
     if (!::SetInformationJobObject(job.get(), JobObjectExtendedLimitInformation, &limits,
                                    sizeof(limits))) {
@@ -193,9 +193,9 @@ private:
 };
 
 bool ArchiverProcess::start(std::wstring commandLine, DWORD& error) {
-    STARTUPINFOW startup{};
+    STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
-    PROCESS_INFORMATION started{};
+    PROCESS_INFORMATION started = {};
     // Suspended: it must not run, and start others, before it is in the job.
     if (!::CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, FALSE,
                           CREATE_NO_WINDOW | NORMAL_PRIORITY_CLASS | CREATE_SUSPENDED, nullptr,

@@ -55,6 +55,10 @@ void Dialog::startTimer(UINT_PTR id, UINT milliseconds) {
     end(0);
 }
 
+void Dialog::writeError(const std::string& line) noexcept {
+    LogError(line);
+}
+
 INT_PTR CALLBACK Dialog::procedure(HWND window, UINT message, WPARAM wParam,
                                    LPARAM lParam) noexcept {
     auto* dialog = reinterpret_cast<Dialog*>(::GetWindowLongPtrW(window, DWLP_USER));

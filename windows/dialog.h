@@ -47,8 +47,9 @@ protected:
     // Every other message, the private ones (from WM_USER on) among them.
     virtual bool onMessage(UINT /*message*/, WPARAM, LPARAM) { return false; }
 
-    // Writes `line`, UTF-8, as an error to the dialog's log.
-    virtual void writeError(const std::string& line) noexcept = 0;
+    // Writes `line`, UTF-8, as an error to the dialog's log: "rud_data" unless a dialog overrides
+    // it.
+    virtual void writeError(const std::string& line) noexcept;
 
 private:
     static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wParam,

@@ -84,7 +84,7 @@ double DecimalNumber(const std::wstring& text) {
 
 std::wstring DecimalText(double value, int fractionDigits) {
     char buffer[400]; // the longest double has 309 digits before the "."
-    const int length = std::snprintf(buffer, sizeof buffer, "%.*f", fractionDigits, value);
+    const int length = std::snprintf(buffer, sizeof(buffer), "%.*f", fractionDigits, value);
     std::string text(buffer, static_cast<std::size_t>(std::max(0, length)));
     std::replace(text.begin(), text.end(), ',', '.'); // of a host that speaks German, for one
     return std::wstring(text.begin(), text.end());

@@ -83,7 +83,7 @@ orv::FileHandle Open(const std::string& path, Json::Value& description, LONGLONG
     orv::FileHandle file(::CreateFileW(orv::Utf8ToWide(path).c_str(), GENERIC_READ,
                                        FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
                                        FILE_ATTRIBUTE_NORMAL, nullptr));
-    LARGE_INTEGER length{};
+    LARGE_INTEGER length = {};
     if (file && !::GetFileSizeEx(file.get(), &length))
         file.reset();
     description["path"] = path;

@@ -44,7 +44,7 @@ int Run() {
     }
 
     standin::SharedSections sections;
-    WSADATA winsock{};
+    WSADATA winsock = {};
     if (::WSAStartup(MAKEWORD(2, 2), &winsock) != 0)
         problem = "Winsock cannot be started.";
     else if (!options.sharedMemory ||

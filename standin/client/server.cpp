@@ -23,7 +23,7 @@ void PrintLine(const Json::Value& value) {
 }
 
 sockaddr_in Loopback(std::uint16_t port) {
-    sockaddr_in address{};
+    sockaddr_in address = {};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = ::htonl(INADDR_LOOPBACK);
     address.sin_port = ::htons(port);
@@ -31,7 +31,7 @@ sockaddr_in Loopback(std::uint16_t port) {
 }
 
 std::uint16_t PortOf(SOCKET socket) {
-    sockaddr_in address{};
+    sockaddr_in address = {};
     int size = sizeof(address);
     ::getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size);
     return ::ntohs(address.sin_port);
@@ -61,7 +61,7 @@ void Record(const std::string& path, const std::string& bytes) {
 }
 
 std::string RemoteOf(SOCKET connection) {
-    sockaddr_in address{};
+    sockaddr_in address = {};
     int size = sizeof(address);
     if (::getpeername(connection, reinterpret_cast<sockaddr*>(&address), &size) != 0)
         return "unknown";

@@ -204,10 +204,10 @@ void Host::reportMenuBar() const {
 
 void Host::menuCommand(int id) {
     const int index = id - kFirstMenuId;
-    if (index < 0 || static_cast<size_t>(index) >= menuCommands_.size())
+    if (index < 0 || static_cast<std::size_t>(index) >= menuCommands_.size())
         return;
     // A copy: what the command does can rebuild the menu bar.
-    const MenuCommand command = menuCommands_[static_cast<size_t>(index)];
+    const MenuCommand command = menuCommands_[static_cast<std::size_t>(index)];
     if (!command.isAction) {
         hostCommand(command.command);
         return;

@@ -10,7 +10,7 @@ constexpr wchar_t kFileMenu[] = L"&File";
 
 // Plug-ins and menu files can nest menus in each other without end; a menu bar cannot.
 constexpr int kDeepestMenu = 8;
-constexpr size_t kMostCommands = 2000;
+constexpr std::size_t kMostCommands = 2000;
 
 void AppendSeparator(HMENU menu) {
     AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);

@@ -50,7 +50,7 @@ bool ReadLanguage(const std::wstring& value, Language& language) {
 bool ReadArguments(const std::vector<std::wstring>& arguments, HostOptions& options,
                    std::wstring& error) {
     HostOptions read;
-    for (size_t i = 0; i < arguments.size(); ++i) {
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::wstring& name = arguments[i];
         if (const auto flag = FlagTarget(name)) {
             read.*flag = true;

@@ -29,7 +29,7 @@ int Run(const std::vector<std::wstring>& arguments) {
     std::wstring hostFolder = standin::ProgramFolder();
     bool save = false;
     std::vector<std::wstring> scripts;
-    for (size_t i = 1; i < arguments.size(); ++i) {
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
         const std::wstring& each = arguments[i];
         const bool hasNext = i + 1 < arguments.size();
         std::string error;

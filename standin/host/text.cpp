@@ -5,7 +5,7 @@
 namespace standin {
 namespace {
 
-size_t LastSeparator(const std::wstring& path) {
+std::size_t LastSeparator(const std::wstring& path) {
     return path.find_last_of(L"/\\");
 }
 
@@ -15,7 +15,7 @@ std::string ToBytes(const std::wstring& text, unsigned codePage) {
     const int length = static_cast<int>(text.size());
     const int need =
         WideCharToMultiByte(codePage, 0, text.data(), length, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<size_t>(need), '\0');
+    std::string bytes(static_cast<std::size_t>(need), '\0');
     if (need > 0) {
         WideCharToMultiByte(codePage, 0, text.data(), length, &bytes[0], need, nullptr, nullptr);
     }
@@ -25,7 +25,7 @@ std::string ToBytes(const std::wstring& text, unsigned codePage) {
 std::wstring FromBytes(const std::string& bytes, unsigned codePage) {
     const int length = static_cast<int>(bytes.size());
     const int need = MultiByteToWideChar(codePage, 0, bytes.data(), length, nullptr, 0);
-    std::wstring text(static_cast<size_t>(need), L'\0');
+    std::wstring text(static_cast<std::size_t>(need), L'\0');
     if (need > 0) {
         MultiByteToWideChar(codePage, 0, bytes.data(), length, &text[0], need);
     }
@@ -46,12 +46,12 @@ bool SameText(const std::wstring& left, const std::wstring& right) {
 }
 
 std::wstring FileNameOf(const std::wstring& path) {
-    const size_t separator = LastSeparator(path);
+    const std::size_t separator = LastSeparator(path);
     return separator == std::wstring::npos ? path : path.substr(separator + 1);
 }
 
 std::wstring FolderOf(const std::wstring& path) {
-    const size_t separator = LastSeparator(path);
+    const std::size_t separator = LastSeparator(path);
     return separator == std::wstring::npos ? std::wstring() : path.substr(0, separator);
 }
 
@@ -78,7 +78,7 @@ bool ReadWholeFile(const std::wstring& path, std::string& bytes) {
     }
     std::string content;
     char block[16384];
-    size_t count = 0;
+    std::size_t count = 0;
     while ((count = std::fread(block, 1, sizeof(block), file.get())) > 0) {
         content.append(block, count);
     }

@@ -75,7 +75,7 @@ TEST_F(Opening, IsModalOverTheHostAndStartsAtTheCameras) {
     EXPECT_FALSE(::IsWindowEnabled(owner));
 
     GUITHREADINFO thread = {};
-    thread.cbSize = sizeof thread;
+    thread.cbSize = sizeof(thread);
     ASSERT_TRUE(::GetGUIThreadInfo(::GetWindowThreadProcessId(window, nullptr), &thread));
     EXPECT_EQ(::GetDlgCtrlID(thread.hwndFocus), IDC_CAMERAS);
     EXPECT_EQ(LOWORD(::SendMessageW(window, DM_GETDEFID, 0, 0)), IDC_SUBMIT);

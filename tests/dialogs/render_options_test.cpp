@@ -453,7 +453,7 @@ TEST_F(RenderOptions, StartAtTheWidthAndAreAppliedByEnter) {
     HWND dialog = openForRow(kHallRow);
     ASSERT_NE(dialog, nullptr);
     GUITHREADINFO thread = {};
-    thread.cbSize = sizeof thread;
+    thread.cbSize = sizeof(thread);
     ASSERT_TRUE(::GetGUIThreadInfo(::GetWindowThreadProcessId(dialog, nullptr), &thread));
     EXPECT_EQ(::GetDlgCtrlID(thread.hwndFocus), IDC_OPTIONS_WIDTH);
     Type(dialog, IDC_OPTIONS_WIDTH, L"640");

@@ -43,7 +43,7 @@ std::string ReadFileBytes(const std::wstring& path) {
     char buffer[65536];
     DWORD read = 0;
     do {
-        if (!::ReadFile(file.get(), buffer, sizeof buffer, &read, nullptr))
+        if (!::ReadFile(file.get(), buffer, sizeof(buffer), &read, nullptr))
             Fail("cannot read", path);
         bytes.append(buffer, read);
     } while (read > 0);
@@ -81,7 +81,7 @@ void MakeFolders(const std::wstring& path) {
 
 std::vector<std::wstring> ListFolder(const std::wstring& path) {
     std::vector<std::wstring> names;
-    WIN32_FIND_DATAW entry{};
+    WIN32_FIND_DATAW entry = {};
     const FindHandle find(::FindFirstFileW((path + L"\\*").c_str(), &entry));
     if (!find)
         return names;

@@ -8,7 +8,7 @@ namespace test {
 namespace {
 
 sockaddr_in AddressOf(std::uint16_t port) {
-    sockaddr_in address{};
+    sockaddr_in address = {};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = ::htonl(INADDR_LOOPBACK);
     address.sin_port = ::htons(port);

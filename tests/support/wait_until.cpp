@@ -20,7 +20,7 @@ bool Wait(const std::function<bool()>& condition, std::chrono::milliseconds dead
 }
 
 void PumpMessages() {
-    MSG message{};
+    MSG message = {};
     while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         ::TranslateMessage(&message);
         ::DispatchMessageW(&message);

@@ -1,6 +1,5 @@
 #include "ui/exit/exit_dialog.h"
 
-#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -17,10 +16,6 @@ constexpr UINT_PTR kPollTimer = 1;
 constexpr UINT kPollMilliseconds = 50;
 
 } // namespace
-
-void ExitDialog::writeError(const std::string& line) noexcept {
-    WriteLog(LogModule::Data, kError, line);
-}
 
 bool ExitDialog::onInit(LPARAM /*parameter*/) {
     CentreOverOwner(window());

@@ -26,7 +26,6 @@ protected:
     bool onCommand(int id, int code) override;
     bool onTimer(UINT_PTR id) override;
     bool onClose() override { return true; } // the title bar has no button for it
-    void writeError(const std::string& line) noexcept override;
 
 private:
     void wait();

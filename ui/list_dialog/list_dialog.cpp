@@ -1,7 +1,6 @@
 #include "ui/list_dialog/list_dialog.h"
 
 #include "config/plugin_data.h"
-#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -32,10 +31,6 @@ protected:
             return false;
         end(id);
         return true;
-    }
-
-    void writeError(const std::string& line) noexcept override {
-        WriteLog(LogModule::Data, kError, line);
     }
 
 private:

@@ -142,6 +142,8 @@ bool MainDialog::onClose() {
 void MainDialog::onDestroy() {
     toolTips_.reset();
     winsock_.reset();
+    // A submission that runs has its own reference to the parsed report.
+    data_.analysis.report.reset();
 }
 
 bool MainDialog::onMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/) {

@@ -2,7 +2,6 @@
 
 #include "analysis/text/numbers.h"
 #include "config/submission_windows.h"
-#include "log/log.h"
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -84,10 +83,6 @@ bool ProgressDialog::waitForScreen() {
         ::Sleep(kPollMilliseconds);
     }
     return false;
-}
-
-void ProgressDialog::writeError(const std::string& line) noexcept {
-    WriteLog(LogModule::Data, kError, line);
 }
 
 bool ProgressDialog::onInit(LPARAM /*parameter*/) {

@@ -26,7 +26,6 @@ protected:
     bool onTimer(UINT_PTR id) override;
     bool onClose() override;
     bool onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-    void writeError(const std::string& line) noexcept override;
 
 private:
     void handKeyboardToOwner() const;

@@ -6,13 +6,13 @@ namespace standin {
 namespace maxscript {
 namespace {
 
-size_t PlaceIn(const Array& array, const Value& index, size_t most) {
+std::size_t PlaceIn(const Array& array, const Value& index, std::size_t most) {
     const int place = IntegerOf(index);
-    if (place < 1 || static_cast<size_t>(place) > most) {
+    if (place < 1 || static_cast<std::size_t>(place) > most) {
         throw ScriptError(L"Array index out of range: " + ToText(index) + L" of " +
                           std::to_wstring(array.values.size()));
     }
-    return static_cast<size_t>(place) - 1;
+    return static_cast<std::size_t>(place) - 1;
 }
 
 Value Append(Interpreter&, const Arguments& a) {
@@ -24,7 +24,7 @@ Value Append(Interpreter&, const Arguments& a) {
 Value FindItem(Interpreter&, const Arguments& a) {
     const Values all =
         a.values[0].is(Value::Kind::Object) ? a.values[0].object()->items() : Values();
-    for (size_t i = 0; i < all.size(); ++i) {
+    for (std::size_t i = 0; i < all.size(); ++i) {
         if (AreEqual(all[i], a.values[1])) {
             return Value(static_cast<int>(i) + 1);
         }
@@ -49,14 +49,14 @@ Value Join(Interpreter&, const Arguments& a) {
 
 Value DeleteItem(Interpreter&, const Arguments& a) {
     const auto array = ArrayOf(a.values[0]);
-    const size_t place = PlaceIn(*array, a.values[1], array->values.size());
+    const std::size_t place = PlaceIn(*array, a.values[1], array->values.size());
     array->values.erase(array->values.begin() + static_cast<std::ptrdiff_t>(place));
     return a.values[0];
 }
 
 Value InsertItem(Interpreter&, const Arguments& a) {
     const auto array = ArrayOf(a.values[1]);
-    const size_t place = PlaceIn(*array, a.values[2], array->values.size() + 1);
+    const std::size_t place = PlaceIn(*array, a.values[2], array->values.size() + 1);
     array->values.insert(array->values.begin() + static_cast<std::ptrdiff_t>(place), a.values[0]);
     return a.values[1];
 }
@@ -64,13 +64,13 @@ Value InsertItem(Interpreter&, const Arguments& a) {
 // A merge sort: a comparison that contradicts itself must not do harm.
 void SortStably(Values& values, const std::function<bool(const Value&, const Value&)>& isLess) {
     Values other(values.size());
-    for (size_t width = 1; width < values.size(); width *= 2) {
-        for (size_t from = 0; from < values.size(); from += 2 * width) {
-            const size_t middle = std::min(from + width, values.size());
-            const size_t end = std::min(from + 2 * width, values.size());
-            size_t left = from;
-            size_t right = middle;
-            for (size_t to = from; to < end; ++to) {
+    for (std::size_t width = 1; width < values.size(); width *= 2) {
+        for (std::size_t from = 0; from < values.size(); from += 2 * width) {
+            const std::size_t middle = std::min(from + width, values.size());
+            const std::size_t end = std::min(from + 2 * width, values.size());
+            std::size_t left = from;
+            std::size_t right = middle;
+            for (std::size_t to = from; to < end; ++to) {
                 const bool takeRight =
                     left >= middle || (right < end && isLess(values[right], values[left]));
                 other[to] = values[takeRight ? right++ : left++];

@@ -30,10 +30,10 @@ Value AssetManager(const SceneState& state) {
     });
     record->add(L"GetAssetByIndex", 1, 1, [&state](Interpreter&, const Arguments& a) {
         const int index = IntegerOf(a.values[0]);
-        if (index < 1 || static_cast<size_t>(index) > state.assets.size()) {
+        if (index < 1 || static_cast<std::size_t>(index) > state.assets.size()) {
             throw ScriptError(L"AssetManager: no asset of that index: " + ToText(a.values[0]));
         }
-        return Asset(state.assets[static_cast<size_t>(index) - 1]);
+        return Asset(state.assets[static_cast<std::size_t>(index) - 1]);
     });
     return Value(record);
 }
@@ -72,10 +72,10 @@ const std::vector<SceneXRef>& XRefsOf(const SceneState& state, const Arguments& 
 
 const SceneXRef& XRefAt(const std::vector<SceneXRef>& all, const Value& index) {
     const int place = IntegerOf(index);
-    if (place < 1 || static_cast<size_t>(place) > all.size()) {
+    if (place < 1 || static_cast<std::size_t>(place) > all.size()) {
         throw ScriptError(L"xrefs: no reference of that index: " + ToText(index));
     }
-    return all[static_cast<size_t>(place) - 1];
+    return all[static_cast<std::size_t>(place) - 1];
 }
 
 void AddXRefs(Globals& globals, SceneState& state) {

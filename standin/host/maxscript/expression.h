@@ -14,7 +14,7 @@ class StructInstance;
 
 // The variables of a running function, or of a top-level expression.
 struct Frame : std::enable_shared_from_this<Frame> {
-    Frame(Interpreter& runs, size_t count, std::shared_ptr<StructInstance> owner)
+    Frame(Interpreter& runs, std::size_t count, std::shared_ptr<StructInstance> owner)
         : interpreter(runs), slots(count), self(std::move(owner)) {}
 
     Interpreter& interpreter;

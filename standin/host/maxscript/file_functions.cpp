@@ -24,9 +24,9 @@ bool Exists(const SceneState& state, const std::wstring& path) {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-size_t DotOf(const std::wstring& path) {
-    const size_t dot = path.rfind(L'.');
-    const size_t separator = path.find_last_of(L"\\/");
+std::size_t DotOf(const std::wstring& path) {
+    const std::size_t dot = path.rfind(L'.');
+    const std::size_t separator = path.find_last_of(L"\\/");
     return dot == std::wstring::npos || (separator != std::wstring::npos && dot < separator)
                ? path.size()
                : dot;
@@ -40,7 +40,7 @@ Value Search(const std::wstring& pattern, bool folders) {
     if (!search) {
         return MakeTexts(found);
     }
-    const size_t separator = pattern.find_last_of(L"\\/");
+    const std::size_t separator = pattern.find_last_of(L"\\/");
     const std::wstring folder =
         separator == std::wstring::npos ? L"" : pattern.substr(0, separator + 1);
     do {
@@ -95,7 +95,7 @@ bool MakeFolders(const std::wstring& path) {
     if (attributes != INVALID_FILE_ATTRIBUTES) {
         return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
     }
-    const size_t separator = plain.find_last_of(L"\\/");
+    const std::size_t separator = plain.find_last_of(L"\\/");
     if (separator == std::wstring::npos || !MakeFolders(plain.substr(0, separator))) {
         return false;
     }

@@ -19,7 +19,7 @@ std::wstring Decoded(const std::string& bytes) {
     }
     if (bytes.compare(0, 2, "\xFF\xFE") == 0) {
         std::wstring text;
-        for (size_t i = 2; i + 1 < bytes.size(); i += 2) {
+        for (std::size_t i = 2; i + 1 < bytes.size(); i += 2) {
             const auto low = static_cast<unsigned char>(bytes[i]);
             const auto high = static_cast<unsigned char>(bytes[i + 1]);
             text.push_back(static_cast<wchar_t>(low | (high << 8)));

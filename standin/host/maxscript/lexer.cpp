@@ -33,7 +33,7 @@ public:
     std::vector<Token> all() {
         std::vector<Token> tokens;
         do {
-            const size_t before = at_;
+            const std::size_t before = at_;
             const bool newLine = skipBlanks() || tokens.empty();
             if (!tokens.empty()) {
                 tokens.back().beforeBlank = at_ != before;
@@ -49,7 +49,7 @@ public:
     }
 
 private:
-    wchar_t peek(size_t ahead = 0) const {
+    wchar_t peek(std::size_t ahead = 0) const {
         return at_ + ahead < source_.size() ? source_[at_ + ahead] : L'\0';
     }
 
@@ -90,7 +90,7 @@ private:
     }
 
     void skipComment() {
-        const size_t start = at_;
+        const std::size_t start = at_;
         while (at_ < source_.size() &&
                !(at_ > start + 2 && peek() == L'/' && source_[at_ - 1] == L'*')) {
             if (peek() == L'\n') {
@@ -106,7 +106,7 @@ private:
 
     // A backslash that only blanks separate from the line's end.
     bool skipContinuation() {
-        size_t end = at_ + 1;
+        std::size_t end = at_ + 1;
         while (end < source_.size() &&
                (source_[end] == L' ' || source_[end] == L'\t' || source_[end] == L'\r')) {
             ++end;
@@ -142,7 +142,7 @@ private:
     }
 
     std::wstring identifier() {
-        const size_t start = at_;
+        const std::size_t start = at_;
         while (ContinuesIdentifier(peek())) {
             ++at_;
         }
@@ -156,7 +156,7 @@ private:
             token.text = identifier();
             return;
         }
-        const size_t end = source_.find(L'\'', at_ + 1);
+        const std::size_t end = source_.find(L'\'', at_ + 1);
         if (end == std::wstring::npos) {
             fail(L"a name has no closing quote");
         }
@@ -189,7 +189,8 @@ private:
     void readEscape(std::wstring& text) {
         static const std::wstring from = L"\"\\nrt*?%";
         static const std::wstring to = L"\"\\\n\r\t*?%";
-        const size_t which = at_ + 1 < source_.size() ? from.find(peek(1)) : std::wstring::npos;
+        const std::size_t which =
+            at_ + 1 < source_.size() ? from.find(peek(1)) : std::wstring::npos;
         if (which != std::wstring::npos) {
             text.push_back(to[which]);
             at_ += 2;
@@ -210,7 +211,7 @@ private:
 
     void readVerbatim(Token& token) {
         token.kind = Token::Kind::Text;
-        const size_t end = source_.find(L'"', at_ + 2);
+        const std::size_t end = source_.find(L'"', at_ + 2);
         if (end == std::wstring::npos) {
             fail(L"a text has no closing quote");
         }
@@ -224,7 +225,7 @@ private:
     }
 
     void readNumber(Token& token) {
-        const size_t start = at_;
+        const std::size_t start = at_;
         if (peek() == L'0' && (peek(1) | 0x20) == L'x') {
             at_ += 2;
             while (IsHex(peek())) {
@@ -245,7 +246,7 @@ private:
             token.kind = Token::Kind::Float; // "1." as well
             ++at_;
         }
-        const size_t sign = peek(1) == L'-' || peek(1) == L'+' ? 2 : 1;
+        const std::size_t sign = peek(1) == L'-' || peek(1) == L'+' ? 2 : 1;
         if ((peek() | 0x20) == L'e' && IsDigit(peek(sign))) {
             token.kind = Token::Kind::Float;
             at_ += sign;
@@ -287,8 +288,8 @@ private:
 
     const std::wstring& source_;
     std::shared_ptr<const std::wstring> name_;
-    size_t at_ = 0;
-    size_t lineStart_ = 0;
+    std::size_t at_ = 0;
+    std::size_t lineStart_ = 0;
     int line_ = 1;
 };
 

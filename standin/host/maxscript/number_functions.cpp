@@ -20,7 +20,7 @@ float FloatOf(const Value& value) {
 // letters reach printf.
 Value FormattedPrint(Interpreter&, const Arguments& a) {
     const std::wstring form = TextOf(a.get(L"format", Value(L"g")));
-    const size_t letter = form.find_first_not_of(L"0123456789.-+ #");
+    const std::size_t letter = form.find_first_not_of(L"0123456789.-+ #");
     const bool whole = letter == form.size() - 1 &&
                        std::wstring(L"diuxXo").find(form[letter]) != std::wstring::npos;
     const bool decimal = letter == form.size() - 1 &&
@@ -37,7 +37,7 @@ Value FormattedPrint(Interpreter&, const Arguments& a) {
         whole ? std::snprintf(text, sizeof(text), pattern.c_str(), IntegerOf(a.values[0]))
               : std::snprintf(text, sizeof(text), pattern.c_str(),
                               static_cast<double>(FloatOf(a.values[0])));
-    if (length < 0 || static_cast<size_t>(length) >= sizeof(text)) {
+    if (length < 0 || static_cast<std::size_t>(length) >= sizeof(text)) {
         throw ScriptError(L"formattedPrint: too long");
     }
     return Value(std::wstring(text, text + length));

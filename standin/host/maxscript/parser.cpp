@@ -32,7 +32,7 @@ Parser::Nesting::Nesting(Parser& parser) : parser_(parser) {
     }
 }
 
-const Token& Parser::peek(size_t ahead) const {
+const Token& Parser::peek(std::size_t ahead) const {
     return tokens_[at_ + ahead < tokens_.size() ? at_ + ahead : tokens_.size() - 1];
 }
 
@@ -51,7 +51,7 @@ void Parser::fail(const std::wstring& message) const {
     throw ScriptError(L"Syntax error: at " + at + L": " + message, token.position);
 }
 
-bool Parser::isSymbol(const wchar_t* symbol, size_t ahead) const {
+bool Parser::isSymbol(const wchar_t* symbol, std::size_t ahead) const {
     const Token& token = peek(ahead);
     return token.kind == Token::Kind::Symbol && token.text == symbol;
 }

@@ -21,7 +21,7 @@ public:
     ExpressionPtr next();
 
     // How many variables the expression that next() gave needs.
-    size_t slots() const { return scopes_.slots(); }
+    std::size_t slots() const { return scopes_.slots(); }
 
 private:
     // parser.cpp: values
@@ -65,9 +65,9 @@ private:
     ExpressionPtr structure();
     void structureMember(StructDefinition& definition);
 
-    const Token& peek(size_t ahead = 0) const;
+    const Token& peek(std::size_t ahead = 0) const;
     Token take();
-    bool isSymbol(const wchar_t* symbol, size_t ahead = 0) const;
+    bool isSymbol(const wchar_t* symbol, std::size_t ahead = 0) const;
     bool isWord(const wchar_t* word) const;
     bool takeSymbol(const wchar_t* symbol);
     bool takeWord(const wchar_t* word);
@@ -99,7 +99,7 @@ private:
 
     std::vector<Token> tokens_;
     Scopes scopes_;
-    size_t at_ = 0;
+    std::size_t at_ = 0;
     int nesting_ = 0;
 };
 

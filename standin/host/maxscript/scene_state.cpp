@@ -151,9 +151,9 @@ Json::Value SceneState::write(const Globals& globals) const {
     Json::Value nodeList(Json::arrayValue);
     Json::Value cameras(Json::arrayValue);
     Json::Value plain(Json::arrayValue);
-    const size_t cameraCount = List(before, "cameras").size();
-    const size_t objectCount = List(before, "objects").size();
-    for (size_t i = 0; i < nodes.size(); ++i) {
+    const std::size_t cameraCount = List(before, "cameras").size();
+    const std::size_t objectCount = List(before, "objects").size();
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
         if (nodes[i]->isDeleted()) {
             continue;
         }

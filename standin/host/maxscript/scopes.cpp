@@ -8,7 +8,8 @@ namespace standin {
 namespace maxscript {
 namespace {
 
-constexpr size_t kGlobal = static_cast<size_t>(-1); // the block said that it means the global
+constexpr std::size_t kGlobal =
+    static_cast<std::size_t>(-1); // the block said that it means the global
 
 } // namespace
 
@@ -30,12 +31,12 @@ bool Scopes::atTopLevel() const {
     return functions_.size() == 1 && functions_[0].blocks.empty() && structs_.empty();
 }
 
-size_t Scopes::addLocal(const std::wstring& name) {
+std::size_t Scopes::addLocal(const std::wstring& name) {
     Function& function = functions_.back();
     if (function.blocks.empty()) {
         function.blocks.emplace_back(); // a local of a single top-level expression
     }
-    const size_t slot = function.slots++;
+    const std::size_t slot = function.slots++;
     function.blocks.back()[Fold(name)] = slot;
     return slot;
 }
@@ -62,7 +63,7 @@ ExpressionPtr Scopes::global(const std::wstring& name) {
 
 ExpressionPtr Scopes::resolve(const std::wstring& name) {
     const std::wstring folded = Fold(name);
-    for (size_t i = functions_.size(); i-- > 0;) {
+    for (std::size_t i = functions_.size(); i-- > 0;) {
         const auto& blocks = functions_[i].blocks;
         for (auto block = blocks.rbegin(); block != blocks.rend(); ++block) {
             const auto found = block->find(folded);

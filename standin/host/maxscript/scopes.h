@@ -19,7 +19,7 @@ public:
 
     // Forgets everything but the globals: for the next top-level expression.
     void reset();
-    size_t slots() const { return functions_.back().slots; }
+    std::size_t slots() const { return functions_.back().slots; }
 
     void enterFunction();
     void leaveFunction();
@@ -30,7 +30,7 @@ public:
     void addMember(const std::wstring& name) { structs_.back().members.push_back(Fold(name)); }
     bool inStruct() const { return !structs_.empty(); }
 
-    size_t addLocal(const std::wstring& name);
+    std::size_t addLocal(const std::wstring& name);
     void addGlobal(const std::wstring& name); // `global name`, hides locals of the name
     ExpressionPtr resolve(const std::wstring& name);
     ExpressionPtr global(const std::wstring& name);
@@ -39,13 +39,13 @@ public:
     ExpressionPtr definitionTarget(const std::wstring& name);
 
 private:
-    using Block = std::map<std::wstring, size_t>; // by the name in lower case
+    using Block = std::map<std::wstring, std::size_t>; // by the name in lower case
     struct Function {
         std::vector<Block> blocks;
-        size_t slots = 0;
+        std::size_t slots = 0;
     };
     struct Structure {
-        size_t functions; // how many surround it
+        std::size_t functions; // how many surround it
         std::vector<std::wstring> members;
     };
 

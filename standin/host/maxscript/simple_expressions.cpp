@@ -113,10 +113,10 @@ Value Element::evaluate(Frame& frame) const {
     const Value place = index->value(frame);
     if (owner.is(Value::Kind::Text)) {
         const int at = place.is(Value::Kind::Integer) ? place.integer() : 0;
-        if (at < 1 || static_cast<size_t>(at) > owner.text().size()) {
+        if (at < 1 || static_cast<std::size_t>(at) > owner.text().size()) {
             throw ScriptError(L"String index out of range: " + ToText(place));
         }
-        return Value(owner.text().substr(static_cast<size_t>(at) - 1, 1));
+        return Value(owner.text().substr(static_cast<std::size_t>(at) - 1, 1));
     }
     if (!owner.is(Value::Kind::Object)) {
         throw ScriptError(L"No \"[]\" function for " + ToText(owner));

@@ -29,7 +29,7 @@ protected:
 // A variable of the running function. A parameter that was declared with & stands for its caller's.
 class LocalVariable : public Expression {
 public:
-    explicit LocalVariable(size_t slot) : slot_(slot) {}
+    explicit LocalVariable(std::size_t slot) : slot_(slot) {}
     void assign(Frame& frame, const Value& value) const override;
     bool isAssignable() const override { return true; }
 
@@ -37,7 +37,7 @@ protected:
     Value evaluate(Frame& frame) const override;
 
 private:
-    size_t slot_;
+    std::size_t slot_;
 };
 
 class GlobalVariable : public Expression {

@@ -18,7 +18,7 @@ protected:
 class LocalDeclaration : public Expression {
 public:
     struct Variable {
-        size_t slot = 0;
+        std::size_t slot = 0;
         ExpressionPtr value; // null: undefined
     };
     std::vector<Variable> variables;
@@ -50,7 +50,7 @@ protected:
 // for i = a to b by c | for x in list | for x = list, with while, where, and do or collect.
 class For : public Expression {
 public:
-    size_t slot = 0;
+    std::size_t slot = 0;
     ExpressionPtr first; // the list when `last` is null
     ExpressionPtr last;
     ExpressionPtr step;      // may be null

@@ -33,7 +33,7 @@ void Write(Interpreter& interpreter, const Arguments& a, const std::wstring& tex
 Value Format(Interpreter& interpreter, const Arguments& a) {
     const std::wstring& form = TextOf(a.values[0]);
     std::wstring made;
-    size_t next = 1;
+    std::size_t next = 1;
     for (const wchar_t each : form) {
         if (each != L'%') {
             made.push_back(each);

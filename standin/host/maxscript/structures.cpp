@@ -15,9 +15,9 @@ Value ScriptFunction::boundTo(const std::shared_ptr<StructInstance>& self) const
 }
 
 void ScriptFunction::takeArguments(Frame& frame, const Arguments& arguments) const {
-    size_t wanted = 0;
-    size_t given = 0;
-    for (size_t i = 0; i < definition_->parameters.size(); ++i) {
+    std::size_t wanted = 0;
+    std::size_t given = 0;
+    for (std::size_t i = 0; i < definition_->parameters.size(); ++i) {
         const FunctionDefinition::Parameter& parameter = definition_->parameters[i];
         Value& slot = frame.slots[i];
         if (parameter.isKeyword) {
@@ -67,8 +67,8 @@ Value FunctionExpression::evaluate(Frame& frame) const {
 Value StructDefinition::call(Interpreter& caller, const Arguments& arguments) {
     const auto self = std::static_pointer_cast<StructDefinition>(shared_from_this());
     const auto instance = std::make_shared<StructInstance>(self);
-    size_t given = 0;
-    for (size_t i = 0; i < members.size(); ++i) {
+    std::size_t given = 0;
+    for (std::size_t i = 0; i < members.size(); ++i) {
         const StructMember& member = members[i];
         if (!member.isFunction && given < arguments.values.size()) {
             instance->values[i] = arguments.values[given++];
@@ -113,7 +113,7 @@ bool StructDefinition::property(const std::wstring& member, Value& value) {
 
 std::wstring StructInstance::text() const {
     std::wstring all = L"(" + definition_->name;
-    for (size_t i = 0; i < values.size(); ++i) {
+    for (std::size_t i = 0; i < values.size(); ++i) {
         if (!definition_->members[i].isFunction) {
             all += L" " + definition_->members[i].name + L":" + ToLiteral(values[i]);
         }
@@ -121,8 +121,8 @@ std::wstring StructInstance::text() const {
     return all + L")";
 }
 
-size_t StructInstance::indexOf(const std::wstring& name) const {
-    size_t i = 0;
+std::size_t StructInstance::indexOf(const std::wstring& name) const {
+    std::size_t i = 0;
     while (i < definition_->members.size() && Fold(definition_->members[i].name) != name) {
         ++i;
     }
@@ -130,7 +130,7 @@ size_t StructInstance::indexOf(const std::wstring& name) const {
 }
 
 bool StructInstance::property(const std::wstring& name, Value& value) {
-    const size_t index = indexOf(name);
+    const std::size_t index = indexOf(name);
     if (index == values.size()) {
         return false;
     }
@@ -144,7 +144,7 @@ bool StructInstance::property(const std::wstring& name, Value& value) {
 }
 
 bool StructInstance::setProperty(const std::wstring& name, const Value& value) {
-    const size_t index = indexOf(name);
+    const std::size_t index = indexOf(name);
     if (index == values.size()) {
         return false;
     }

@@ -17,7 +17,7 @@ struct FunctionDefinition {
 
     std::wstring name;                 // as written, empty for one without
     std::vector<Parameter> parameters; // in the first slots of the frame
-    size_t slots = 0;
+    std::size_t slots = 0;
     ExpressionPtr body;
 };
 
@@ -55,7 +55,7 @@ struct StructMember {
     std::wstring name;    // as written
     ExpressionPtr preset; // null: undefined
     bool isFunction = false;
-    size_t slots = 0; // that the preset's frame needs
+    std::size_t slots = 0; // that the preset's frame needs
 };
 
 // What `struct` defines: called, it makes an instance, with values for its data members by position
@@ -70,7 +70,7 @@ public:
     std::wstring name;
     std::vector<StructMember> members;
     ExpressionPtr onCreate; // null without
-    size_t onCreateSlots = 0;
+    std::size_t onCreateSlots = 0;
     Interpreter* interpreter = nullptr;
 };
 
@@ -85,7 +85,7 @@ public:
     bool setProperty(const std::wstring& name, const Value& value) override;
 
 private:
-    size_t indexOf(const std::wstring& name) const; // the member count when it is missing
+    std::size_t indexOf(const std::wstring& name) const; // the member count when it is missing
 
     std::shared_ptr<const StructDefinition> definition_;
 

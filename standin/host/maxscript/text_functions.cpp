@@ -12,11 +12,11 @@ Value Substring(Interpreter&, const Arguments& a) {
     const std::wstring& text = TextOf(a.values[0]);
     const int from = IntegerOf(a.values[1]);
     const int count = IntegerOf(a.values[2]);
-    if (from < 1 || static_cast<size_t>(from) > text.size()) {
+    if (from < 1 || static_cast<std::size_t>(from) > text.size()) {
         return Value(L"");
     }
-    return Value(text.substr(static_cast<size_t>(from) - 1,
-                             count < 0 ? std::wstring::npos : static_cast<size_t>(count)));
+    return Value(text.substr(static_cast<std::size_t>(from) - 1,
+                             count < 0 ? std::wstring::npos : static_cast<std::size_t>(count)));
 }
 
 Value SubstituteString(Interpreter&, const Arguments& a) {
@@ -27,8 +27,9 @@ Value SubstituteString(Interpreter&, const Arguments& a) {
         return Value(text);
     }
     std::wstring made;
-    size_t at = 0;
-    for (size_t found = text.find(from); found != std::wstring::npos; found = text.find(from, at)) {
+    std::size_t at = 0;
+    for (std::size_t found = text.find(from); found != std::wstring::npos;
+         found = text.find(from, at)) {
         made.append(text, at, found - at).append(to);
         at = found + from.size();
     }
@@ -37,7 +38,7 @@ Value SubstituteString(Interpreter&, const Arguments& a) {
 
 // From 1; undefined when it is not there.
 Value FindString(Interpreter&, const Arguments& a) {
-    const size_t found = TextOf(a.values[0]).find(TextOf(a.values[1]));
+    const std::size_t found = TextOf(a.values[0]).find(TextOf(a.values[1]));
     return found == std::wstring::npos ? Value() : Value(static_cast<int>(found) + 1);
 }
 
@@ -45,19 +46,19 @@ Value ReplacePart(Interpreter&, const Arguments& a) {
     std::wstring text = TextOf(a.values[0]);
     const int from = IntegerOf(a.values[1]);
     const int count = IntegerOf(a.values[2]);
-    if (from < 1 || count < 0 || static_cast<size_t>(from) > text.size()) {
+    if (from < 1 || count < 0 || static_cast<std::size_t>(from) > text.size()) {
         throw ScriptError(L"replace: out of the text's range");
     }
-    return Value(text.replace(static_cast<size_t>(from) - 1, static_cast<size_t>(count),
+    return Value(text.replace(static_cast<std::size_t>(from) - 1, static_cast<std::size_t>(count),
                               TextOf(a.values[3])));
 }
 
 // * stands for any characters, ? for one. Without recursion: the last * is tried again further on.
 bool Matches(const std::wstring& text, const std::wstring& pattern) {
-    size_t t = 0;
-    size_t p = 0;
-    size_t star = std::wstring::npos;
-    size_t retry = 0;
+    std::size_t t = 0;
+    std::size_t p = 0;
+    std::size_t star = std::wstring::npos;
+    std::size_t retry = 0;
     while (t < text.size()) {
         if (p < pattern.size() && (pattern[p] == L'?' || pattern[p] == text[t]) &&
             pattern[p] != L'*') {
@@ -92,9 +93,9 @@ Value FilterString(Interpreter&, const Arguments& a) {
     const bool keepEmpty =
         ToCondition(a.get(L"splitemptytokens", Value(false)), L"splitEmptyTokens:");
     std::vector<std::wstring> parts;
-    size_t from = 0;
+    std::size_t from = 0;
     while (from <= text.size()) {
-        const size_t end = std::min(text.find_first_of(separators, from), text.size());
+        const std::size_t end = std::min(text.find_first_of(separators, from), text.size());
         if (keepEmpty || end > from) {
             parts.push_back(text.substr(from, end - from));
         }
@@ -136,7 +137,7 @@ void AddTextFunctions(Globals& globals) {
     });
     globals.addFunction(L"trimLeft", 1, 2, [](Interpreter&, const Arguments& a) {
         const std::wstring& text = TextOf(a.values[0]);
-        const size_t from =
+        const std::size_t from =
             text.find_first_not_of(a.values.size() > 1 ? TextOf(a.values[1]) : kBlanks);
         return Value(from == std::wstring::npos ? std::wstring() : text.substr(from));
     });

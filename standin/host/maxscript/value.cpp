@@ -169,7 +169,7 @@ std::wstring ToUpper(std::wstring text) {
 
 std::wstring Array::text() const {
     std::wstring all = L"#(";
-    for (size_t i = 0; i < values.size(); ++i) {
+    for (std::size_t i = 0; i < values.size(); ++i) {
         all += (i == 0 ? L"" : L", ") + ToLiteral(values[i]);
     }
     return all + L")";
@@ -180,7 +180,7 @@ bool Array::equals(const Object& other) const {
     if (that == nullptr || that->values.size() != values.size()) {
         return false;
     }
-    for (size_t i = 0; i < values.size(); ++i) {
+    for (std::size_t i = 0; i < values.size(); ++i) {
         if (!AreEqual(values[i], that->values[i])) {
             return false;
         }
@@ -197,12 +197,12 @@ bool Array::property(const std::wstring& name, Value& value) {
 }
 
 Value Array::item(const Value& index) {
-    const size_t place = static_cast<size_t>(CheckedIndex(index));
+    const std::size_t place = static_cast<std::size_t>(CheckedIndex(index));
     return place <= values.size() ? values[place - 1] : Value();
 }
 
 void Array::setItem(const Value& index, const Value& value) {
-    const size_t place = static_cast<size_t>(CheckedIndex(index));
+    const std::size_t place = static_cast<std::size_t>(CheckedIndex(index));
     if (place > values.size()) {
         values.resize(place);
     }

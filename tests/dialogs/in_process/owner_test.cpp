@@ -74,7 +74,7 @@ public:
     // The window that gets the keys of the dialog's thread.
     HWND focus() const {
         GUITHREADINFO info = {};
-        info.cbSize = sizeof info;
+        info.cbSize = sizeof(info);
         ::GetGUIThreadInfo(::GetWindowThreadProcessId(window_, nullptr), &info);
         return info.hwndFocus;
     }

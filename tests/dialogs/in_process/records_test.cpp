@@ -69,6 +69,14 @@ TEST_F(Cameras, AreTheOnesOfTheSceneAsItIsNowWhenItIsAnalysedAgain) {
               7);
 }
 
+TEST_F(Cameras, LetGoOfTheParsedReportWhenTheDialogEnds) {
+    EXPECT_NE(PluginData::instance().analysis.report, nullptr);
+    Press(window_, IDCANCEL);
+    EXPECT_TRUE(dialog_.waitForEnd());
+    EXPECT_EQ(PluginData::instance().analysis.report, nullptr);
+    EXPECT_FALSE(PluginData::instance().analysis.reportText.empty());
+}
+
 TEST_F(Cameras, EndTheDialogWhenAnalysingAgainFails) {
     MessageBoxWatcher watcher(L"Orv Rendering");
     scene_.setScriptResult(0);

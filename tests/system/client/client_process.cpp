@@ -10,7 +10,7 @@ namespace orv {
 namespace test {
 
 ClientProcess::ClientProcess(const std::wstring& arguments) {
-    SECURITY_ATTRIBUTES inherited{};
+    SECURITY_ATTRIBUTES inherited = {};
     inherited.nLength = sizeof(inherited);
     inherited.bInheritHandle = TRUE;
     HANDLE readEnd = nullptr;
@@ -21,13 +21,13 @@ ClientProcess::ClientProcess(const std::wstring& arguments) {
     FileHandle childOutput(writeEnd);
     ::SetHandleInformation(readEnd, HANDLE_FLAG_INHERIT, 0);
 
-    STARTUPINFOW startup{};
+    STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
     startup.dwFlags = STARTF_USESTDHANDLES;
     startup.hStdInput = ::GetStdHandle(STD_INPUT_HANDLE);
     startup.hStdOutput = writeEnd;
     startup.hStdError = ::GetStdHandle(STD_ERROR_HANDLE);
-    PROCESS_INFORMATION started{};
+    PROCESS_INFORMATION started = {};
     const std::wstring program = ProgramFolder() + L"\\standin-client.exe";
     std::wstring commandLine = L"\"" + program + L"\" " + arguments;
     // A busy Wine refuses a new process now and then.

@@ -69,7 +69,7 @@ TEST_F(HostExit, WhilePackingWaitsForAJobThatArrives) {
     EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(window, IDC_EXIT_WAIT)));
     EXPECT_TRUE(::IsWindowEnabled(::GetDlgItem(window, IDC_EXIT_END)));
     GUITHREADINFO focus = {};
-    focus.cbSize = sizeof focus;
+    focus.cbSize = sizeof(focus);
     ASSERT_TRUE(::GetGUIThreadInfo(::GetWindowThreadProcessId(window, nullptr), &focus));
     EXPECT_NE(focus.hwndFocus, ::GetDlgItem(window, IDC_EXIT_END)) << "a second Enter ends it";
     expectDelivered();

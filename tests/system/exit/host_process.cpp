@@ -52,10 +52,10 @@ HostProcess::HostProcess(const std::wstring& scenePath, const std::wstring& logF
     std::wstring commandLine = L"\"" + folder + L"\\standin-host.exe\" --plugin-dir \"" + folder +
                                L"\" --scene \"" + scenePath + L"\" --log \"" + logFile + L"\" " +
                                arguments;
-    STARTUPINFOW startup{};
+    STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
     startup.dwFlags = STARTF_USESTDHANDLES; // none: its events are in the log
-    PROCESS_INFORMATION started{};
+    PROCESS_INFORMATION started = {};
     const auto start = [&] { // a busy Wine refuses a new process now and then
         return ::CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, FALSE, 0, nullptr,
                                 nullptr, &startup, &started) != FALSE;

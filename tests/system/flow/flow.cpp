@@ -50,7 +50,7 @@ bool IsWholeJson(const std::wstring& path) {
 std::vector<DWORD> ProcessesNamed(const std::wstring& name) {
     std::vector<DWORD> found;
     const FileHandle snapshot(::CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
-    PROCESSENTRY32W entry{};
+    PROCESSENTRY32W entry = {};
     entry.dwSize = sizeof(entry);
     for (BOOL more = ::Process32FirstW(snapshot.get(), &entry); more;
          more = ::Process32NextW(snapshot.get(), &entry)) {

@@ -97,7 +97,8 @@ TEST_F(HostWithPlugin, ComesBackWhenAMenuFileWithoutItIsReadLate) {
 }
 
 std::string Replaced(std::string text, const std::string& what, const std::string& by) {
-    for (size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size()))
+    for (std::size_t at = text.find(what); at != std::string::npos;
+         at = text.find(what, at + by.size()))
         text.replace(at, what.size(), by);
     return text;
 }

@@ -25,7 +25,7 @@ struct GdiEntry {
     std::uint64_t userData;
 };
 
-constexpr size_t kGdiTableInPeb = 0xF8;
+constexpr std::size_t kGdiTableInPeb = 0xF8;
 constexpr int kGdiEntries = 0x4000;
 
 int CountGdiObjects() {

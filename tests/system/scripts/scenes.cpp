@@ -70,7 +70,7 @@ std::vector<std::string> SceneUnderTest::cleaned() {
     std::vector<std::string> all;
     std::istringstream lines(product.read(kLog));
     std::string line;
-    for (size_t number = 0; std::getline(lines, line); ++number) {
+    for (std::size_t number = 0; std::getline(lines, line); ++number) {
         if (number < readLogLines_)
             continue;
         const Json::Value entry = ParsedJson(line);

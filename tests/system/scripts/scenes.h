@@ -47,7 +47,7 @@ public:
 
 private:
     standin::MaxscriptRunner runner_;
-    size_t readLogLines_ = 0;
+    std::size_t readLogLines_ = 0;
 };
 
 Json::Value ParsedJson(const std::string& text);

@@ -138,7 +138,7 @@ TEST(Handles, CloseKernelObjects) {
 TEST(Handles, CloseMappingsAndTheirViews) {
     const wchar_t* name = L"orv-handles-test";
     void* address = nullptr;
-    MEMORY_BASIC_INFORMATION memory{};
+    MEMORY_BASIC_INFORMATION memory = {};
     {
         const FileMappingHandle mapping(
             ::CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 4096, name));
@@ -146,26 +146,26 @@ TEST(Handles, CloseMappingsAndTheirViews) {
         const MappedView view(::MapViewOfFile(mapping.get(), FILE_MAP_READ, 0, 0, 0));
         ASSERT_TRUE(view);
         address = view.get();
-        ::VirtualQuery(address, &memory, sizeof memory);
+        ::VirtualQuery(address, &memory, sizeof(memory));
         EXPECT_EQ(memory.Type, static_cast<DWORD>(MEM_MAPPED));
     }
-    ::VirtualQuery(address, &memory, sizeof memory);
+    ::VirtualQuery(address, &memory, sizeof(memory));
     EXPECT_EQ(memory.State, static_cast<DWORD>(MEM_FREE));
     EXPECT_FALSE(FileMappingHandle(::OpenFileMappingW(FILE_MAP_READ, FALSE, name)));
 }
 
 TEST(Handles, CloseSockets) {
-    WSADATA data{};
+    WSADATA data = {};
     ASSERT_EQ(::WSAStartup(MAKEWORD(2, 2), &data), 0);
     SOCKET raw = INVALID_SOCKET;
-    sockaddr_in address{};
+    sockaddr_in address = {};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     {
         const SocketHandle socket(::socket(AF_INET, SOCK_STREAM, IPPROTO_TCP));
         ASSERT_TRUE(socket);
         raw = socket.get();
-        EXPECT_EQ(::bind(raw, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(::bind(raw, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
     }
     EXPECT_EQ(::listen(raw, 1), SOCKET_ERROR);
     EXPECT_EQ(::WSAGetLastError(), WSAENOTSOCK);

@@ -80,7 +80,7 @@ TEST(ReadWindowText, WaitsForAThreadThatHasWorkedForLong) {
     std::thread worker([&] {
         const HWND made = ::CreateWindowExW(0, L"STATIC", L"words", WS_POPUP | WS_VISIBLE, 0, 0, 50,
                                             50, nullptr, nullptr, nullptr, nullptr);
-        MSG message{};
+        MSG message = {};
         ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
         const DWORD begun = ::GetTickCount();
         WaitUntil([begun] { return ::GetTickCount() - begun > kCountsAsHung; });

@@ -36,7 +36,7 @@ TEST(ReadWideText, ReadsTheFirst64MebibytesOfALargerFile) {
     const test::TemporaryFolder folder;
     const LONGLONG limit = 64 * 1024 * 1024;
     const FileHandle file = Open(folder.file(L"large.bin"), GENERIC_READ | GENERIC_WRITE);
-    LARGE_INTEGER size{};
+    LARGE_INTEGER size = {};
     size.QuadPart = limit - 2;
     ASSERT_TRUE(::SetFilePointerEx(file.get(), size, nullptr, FILE_BEGIN));
     DWORD written = 0;
@@ -47,7 +47,7 @@ TEST(ReadWideText, ReadsTheFirst64MebibytesOfALargerFile) {
     DWORD error = 0;
     EXPECT_TRUE(ReadWideText(file.get(), text, error));
     EXPECT_EQ(text, L""); // the file begins with zeros
-    LARGE_INTEGER position{};
+    LARGE_INTEGER position = {};
     ASSERT_TRUE(::SetFilePointerEx(file.get(), LARGE_INTEGER{}, &position, FILE_CURRENT));
     EXPECT_EQ(position.QuadPart, limit);
 }

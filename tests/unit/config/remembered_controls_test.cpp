@@ -34,7 +34,7 @@ TEST(RememberedControls, HaveTheKeysAndDefaultsThatEarlierReleasesWrote) {
         {1033, L"DCSBLOCK", L"0"},
     };
     const std::vector<RememberedControl>& controls = RememberedControls();
-    ASSERT_EQ(controls.size(), sizeof expected / sizeof expected[0]);
+    ASSERT_EQ(controls.size(), sizeof(expected) / sizeof(expected[0]));
     for (std::size_t i = 0; i < controls.size(); ++i) {
         EXPECT_EQ(controls[i].id, expected[i].id);
         EXPECT_EQ(std::wstring(controls[i].key), expected[i].key);

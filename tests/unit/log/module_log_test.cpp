@@ -45,10 +45,10 @@ std::string Shape(std::string text) {
 }
 
 std::string LocalTime(const char* format) {
-    SYSTEMTIME now{};
+    SYSTEMTIME now = {};
     ::GetLocalTime(&now);
     char text[64] = {};
-    std::snprintf(text, sizeof text, format, now.wYear, now.wMonth, now.wDay, now.wHour,
+    std::snprintf(text, sizeof(text), format, now.wYear, now.wMonth, now.wDay, now.wHour,
                   now.wMinute, now.wSecond, now.wMilliseconds);
     return text;
 }

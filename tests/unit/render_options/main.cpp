@@ -6,7 +6,7 @@
 // The host's own controls, which the render options dialog has: here without what they do.
 static void RegisterHostControls() {
     WNDCLASSEXW control = {};
-    control.cbSize = sizeof control;
+    control.cbSize = sizeof(control);
     ::GetClassInfoExW(nullptr, L"EDIT", &control);
     control.hInstance = orv_resource_module();
     control.lpszClassName = L"CustEdit";

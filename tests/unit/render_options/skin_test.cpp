@@ -29,7 +29,7 @@ class Canvas {
 public:
     Canvas() {
         BITMAPINFO info = {};
-        info.bmiHeader.biSize = sizeof info.bmiHeader;
+        info.bmiHeader.biSize = sizeof(info.bmiHeader);
         info.bmiHeader.biWidth = 32;
         info.bmiHeader.biHeight = -32;
         info.bmiHeader.biPlanes = 1;

@@ -78,7 +78,7 @@ TEST(MessageBoxesWithoutModule, AreShownAllTheSame) {
 
 // Whether a button made by this thread now would be one of the themed controls.
 bool ButtonsAreRedirected() {
-    ACTCTX_SECTION_KEYED_DATA data{};
+    ACTCTX_SECTION_KEYED_DATA data = {};
     data.cbSize = sizeof(data);
     return ::FindActCtxSectionStringW(0, nullptr,
                                       ACTIVATION_CONTEXT_SECTION_WINDOW_CLASS_REDIRECTION,

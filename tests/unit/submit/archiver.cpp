@@ -28,9 +28,9 @@ std::wstring InstallArchiver() {
 
 unsigned long RunSevenZip(const std::wstring& arguments) {
     std::wstring commandLine = L"\"" + SevenZipBesideTheTest() + L"\" " + arguments;
-    STARTUPINFOW startup{};
+    STARTUPINFOW startup = {};
     startup.cb = sizeof(startup);
-    PROCESS_INFORMATION process{};
+    PROCESS_INFORMATION process = {};
     if (!::CreateProcessW(nullptr, &commandLine[0], nullptr, nullptr, FALSE, CREATE_NO_WINDOW,
                           nullptr, nullptr, &startup, &process))
         throw std::runtime_error("7z.exe cannot be started");

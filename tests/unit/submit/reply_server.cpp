@@ -27,7 +27,7 @@ bool IsWhole(const std::string& request) {
 
 ReplyServer::ReplyServer(std::string body, std::chrono::seconds deadline)
     : body_(std::move(body)), deadline_(deadline), listener_(::socket(AF_INET, SOCK_STREAM, 0)) {
-    sockaddr_in address{};
+    sockaddr_in address = {};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = ::htonl(INADDR_LOOPBACK);
     int size = sizeof(address);

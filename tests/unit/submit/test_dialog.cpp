@@ -50,7 +50,7 @@ void MakeControls(HWND dialog) {
     }
     HWND cameras = ::GetDlgItem(dialog, IDC_CAMERAS);
     ::SendMessageW(cameras, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_CHECKBOXES);
-    LVCOLUMNW column{};
+    LVCOLUMNW column = {};
     column.mask = LVCF_WIDTH;
     column.cx = 100;
     ::SendMessageW(cameras, LVM_INSERTCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
@@ -147,7 +147,7 @@ void TestDialog::setCameras(const std::vector<TestCamera>& cameras) const {
     ::SendMessageW(table, LVM_DELETEALLITEMS, 0, 0);
     for (std::size_t row = 0; row < cameras.size(); ++row) {
         std::wstring name = cameras[row].name;
-        LVITEMW item{};
+        LVITEMW item = {};
         item.mask = LVIF_TEXT;
         item.iItem = static_cast<int>(row);
         item.pszText = &name[0];
