@@ -17,6 +17,7 @@ class Desktop:
         self.bin = bin_folder
         self.pictures = picture_folder
         self.picture_count = 0
+        self.probe = None
 
     def open(self):
         """Starts the desktop; returns its process."""
@@ -30,16 +31,37 @@ class Desktop:
 
     def windows(self):
         """The visible top-level windows, as window_probe tells them."""
-        # A busy Wine now and then refuses to start a program: a probe has nothing to lose by another try.
+        # A busy Wine now and then refuses to start a program: another try costs nothing.
         for _ in range(3):
-            probe = subprocess.run(self.command("window_probe.exe"), cwd=self.bin, capture_output=True,
-                                   timeout=20, check=False)
-            if probe.returncode == 0:
-                break
-        else:
-            raise StageFailed(f"window_probe ended with {probe.returncode}: "
-                              f"{probe.stderr.decode(errors='replace').strip()}")
-        return json.loads(probe.stdout.decode("utf-8"))
+            if self.probe is None:
+                self.probe = subprocess.Popen(self.command("window_probe.exe"), cwd=self.bin,
+                                              stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                              stderr=subprocess.DEVNULL)
+            try:
+                self.probe.stdin.write(b"\n")
+                self.probe.stdin.flush()
+            except BrokenPipeError:
+                pass
+            line = self.probe.stdout.readline()
+            if line.endswith(b"\n"):
+                return json.loads(line.decode("utf-8"))
+            code = self.close()
+        raise StageFailed(f"window_probe ended with {code}")
+
+    def close(self):
+        """Ends the probe; returns its exit code."""
+        if self.probe is None:
+            return None
+        probe, self.probe = self.probe, None
+        try:
+            probe.stdin.close()
+        except BrokenPipeError:
+            pass
+        try:
+            return probe.wait(20)
+        except subprocess.TimeoutExpired:
+            probe.kill()
+            return probe.wait()
 
     def wait_for(self, what, find, seconds):
         """Looks at the desktop until `find(windows)` gives something, and returns that."""
@@ -52,6 +74,7 @@ class Desktop:
             if time.monotonic() > deadline:
                 captions = ", ".join(f"{w['class']} '{w['caption']}'" for w in windows) or "none"
                 raise StageFailed(f"no {what} within {seconds} s; windows: {captions}")
+            time.sleep(0.1)  # looking costs the windows time
 
     def click(self, x, y):
         """A real click of the left mouse button."""

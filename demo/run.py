@@ -152,10 +152,7 @@ class Demo:
             self.desktop.picture("end")
 
         with self.stage("leaving"):
-            self.open_menu(host, "File")
-            self.desktop.wait_for("open menu", self.popup, 10)
-            self.desktop.press("Up")
-            self.desktop.press("Return")
+            self.leave(host)
             host.wait_for("event", 20, "stopped")
             code = host.wait_for_end(20)
             check_job.need(code == 0, f"the host ended with {code}")
@@ -170,6 +167,13 @@ class Demo:
         entry = next((m for m in menus if m["title"].replace("&", "") == title), None)
         check_job.need(entry, f"the menu bar has no '{title}'")
         self.desktop.click_middle(entry["rect"])
+
+    def leave(self, host):
+        """Chooses the last entry of the host's first menu."""
+        self.open_menu(host, "File")
+        self.desktop.wait_for("open menu", self.popup, 10)
+        self.desktop.press("Up")
+        self.desktop.press("Return")
 
     @staticmethod
     def popup(windows):
@@ -209,6 +213,7 @@ class Demo:
         check_job.check_cleaning(PREFIX / "drive_c/ProgramData/Orv Rendering", self.startup_script)
 
     def close(self):
+        self.desktop.close()
         for program in self.programs:
             program.close()
 

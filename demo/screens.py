@@ -12,10 +12,10 @@ from pathlib import Path
 
 import run
 from desktop import Desktop, control, window_with
-from stage import Progress, StageFailed, Talker, windows_path, wine
+from stage import StageFailed, Talker, windows_path, wine
 
 OUTPUT = run.ROOT / "build/screens"
-WORK = run.ROOT / "build/var/screens"
+WORK = run.PREFIX / "drive_c/screens"
 
 # Controls by number.
 CANCEL, ANALYSE_AGAIN, EDIT_CAMERAS, WIDTH, OPTIONS_CANCEL, LOCK_SIZE = 2, 1004, 1013, 1015, 103, 1076
@@ -58,28 +58,28 @@ SCENES = {
     "empty": {"renderer": {"name": "V_Ray_Adv_4_10_03"},
               "output": {"width": 1920, "height": 1080, "format": "png"}},
 }
-LARGE_SCENE = 80_000_000  # bytes that take the archiver some seconds
+LARGE_SCENE = 16_000_000  # bytes that take the archiver some seconds
 
 
 class Screens(run.Demo):
     """The demo's host and its dialogs, opened for their pictures only."""
 
     def __init__(self, language, dots):
-        self.progress = Progress()
         self.programs = []
         self.language = language
         self.prefix = f"{language}-{dots}"
         self.desktop = Desktop(f"screens-{self.prefix}", "1920x1400", run.BIN, WORK)
 
     def run(self):
-        with self.progress.stage(f"pictures in {self.prefix}"):
-            self.desktop.open()
-            for name, scene in SCENES.items():
-                host = self.start_host(name, scene)
-                try:
-                    getattr(self, name)(host)
-                finally:
-                    host.close()
+        began = time.monotonic()
+        self.desktop.open()
+        for name, scene in SCENES.items():
+            host = self.start_host(name, scene)
+            try:
+                getattr(self, name)(host)
+            finally:
+                host.close()
+        print(f"-- pictures in {self.prefix} done in {time.monotonic() - began:.1f} s", flush=True)
 
     def start_host(self, name, description):
         run.install_product(1)
@@ -140,12 +140,19 @@ class Screens(run.Demo):
         self.desktop.wait_for("closed message", lambda w: not run.message_box(w), 20)
         self.tick("Door")
         # The first attempt ends a moment after its message.
-        self.desktop.wait_for("free dialog", lambda w: not window_with(w, run.PROGRESS_BAR), 20)
+        self.desktop.wait_for("free dialog", self.free, 20)
         self.desktop.click_middle(control(dialog, run.SUBMIT)["rect"])
         packing = self.desktop.wait_for("progress window", self.packing, 30)
         self.save("progress-packing", window_with(packing, run.PROGRESS_BAR)["rect"])
-        box = self.box("message-no-client", run.OK, 120)
+        box = self.box("message-no-client", run.OK, 240)
         self.desktop.click_middle(control(box, run.OK)["rect"])
+
+    @staticmethod
+    def free(windows):
+        """Whether the main dialog can be used and no other window of the submission is left."""
+        dialog = window_with(windows, run.CAMERAS)
+        others = window_with(windows, run.PROGRESS_BAR) or run.message_box(windows)
+        return dialog and dialog["enabled"] and not others
 
     def packing(self, windows):
         """The windows, once the progress window shows how large the archive is."""
@@ -199,7 +206,6 @@ def main():
     try:
         screens.run()
     except StageFailed as failure:
-        print()
         print(f"screens: failed in {screens.prefix}: {failure}")
         return 1
     finally:

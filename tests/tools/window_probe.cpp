@@ -1,5 +1,6 @@
 // window_probe: prints what is on the desktop as JSON, so that a script outside of Windows can tell
-// where to point and what a window says. Output: an array of visible top-level windows,
+// where to point and what a window says. Each line of its input is answered by one line of output,
+// until the input ends: an array of visible top-level windows,
 //   {"class", "caption", "process", "rect": [left, top, right, bottom], "enabled", "controls"}
 // with visible child windows as {"class", "text", "id", "rect", "enabled"}; a button that can be
 // checked has "checked", and a list view has "rows" of {"text", "rect", "checked"}.
@@ -179,12 +180,15 @@ BOOL CALLBACK AddWindow(HWND window, LPARAM parameter) {
 } // namespace
 
 int main() {
-    Json::Value windows(Json::arrayValue);
-    EnumWindows(AddWindow, reinterpret_cast<LPARAM>(&windows));
     Json::StreamWriterBuilder builder;
     builder["emitUTF8"] = true;
     builder["indentation"] = "";
-    const std::string text = Json::writeString(builder, windows) + "\n";
-    std::fwrite(text.data(), 1, text.size(), stdout);
+    while (std::getchar() == '\n') {
+        Json::Value windows(Json::arrayValue);
+        EnumWindows(AddWindow, reinterpret_cast<LPARAM>(&windows));
+        const std::string text = Json::writeString(builder, windows) + "\n";
+        std::fwrite(text.data(), 1, text.size(), stdout);
+        std::fflush(stdout);
+    }
     return 0;
 }
