@@ -1,7 +1,7 @@
 // What the farm's client, or whoever listens on its port, answers.
 #include "analysis/text/text_convert.h"
-#include "client/wire_text.h"
 #include "client/reply_code.h"
+#include "client/wire_text.h"
 #include "tests/fuzz/mutate.h"
 #include "tests/fuzz/targets.h"
 

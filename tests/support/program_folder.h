@@ -6,8 +6,8 @@
 namespace orv {
 namespace test {
 
-// The folder of the running program, without a backslash at its end. Throws std::runtime_error when the
-// system does not give it.
+// The folder of the running program, without a backslash at its end. Throws std::runtime_error when
+// the system does not give it.
 std::wstring ProgramFolder();
 
 } // namespace test

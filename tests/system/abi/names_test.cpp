@@ -1,8 +1,8 @@
 // What the plug-in and the stand-in's libraries export and import, by name.
 #include "base/product.h"
 #include "tests/support/files.h"
-#include "tests/system/abi/pe_names.h"
 #include "tests/support/program_folder.h"
+#include "tests/system/abi/pe_names.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

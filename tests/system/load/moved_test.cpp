@@ -2,8 +2,8 @@
 #include "standin/maxutil.h"
 #include "tests/support/files.h"
 #include "tests/support/pe_file.h"
-#include "tests/support/temporary_folder.h"
 #include "tests/support/program_folder.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/system/abi/slots.h"
 #include "tests/system/shell/plugin_in_host.h"
 
