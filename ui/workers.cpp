@@ -199,6 +199,7 @@ SubmissionStart Start(HWND dialog) {
 
 SubmissionStart StartSubmission(HWND dialog) noexcept {
     SubmissionStart start = SubmissionStart::Failed;
+    // cppcheck-suppress throwInNoexceptFunction ; RunGuarded catches it
     RunGuarded("The submission could not be started", LogError, [&] { start = Start(dialog); });
     return start;
 }
