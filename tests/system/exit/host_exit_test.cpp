@@ -86,7 +86,7 @@ TEST_F(HostExit, GivesTheScreenToAMessageOfTheSubmission) {
     ASSERT_NO_FATAL_FAILURE(packScene(kMiddlingScene));
     closeHost();
     const HWND window = exitWindow();
-    EXPECT_TRUE(WaitUntil([] { return FindDialogWith(0xFFFF) != nullptr; }));
+    EXPECT_TRUE(WaitUntil([] { return FindDialogWith(0xFFFF) != nullptr; }, kPackingDeadline));
     EXPECT_TRUE(WaitUntil([window] { return !::IsWindowVisible(window); }));
     EXPECT_FALSE(hostHasEnded()) << "the message is not answered";
     expectDelivered();

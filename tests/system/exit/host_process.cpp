@@ -85,9 +85,9 @@ HWND HostProcess::windowWith(int control) const {
     return Find(id_, control, L"#32770");
 }
 
-HWND HostProcess::waitForWindowWith(int control) const {
+HWND HostProcess::waitForWindowWith(int control, std::chrono::milliseconds deadline) const {
     HWND found = nullptr;
-    if (!WaitUntil([&] { return (found = windowWith(control)) != nullptr; }))
+    if (!WaitUntil([&] { return (found = windowWith(control)) != nullptr; }, deadline))
         throw std::runtime_error("the host shows no window with control " +
                                  std::to_string(control));
     return found;

@@ -29,7 +29,7 @@ public:
 
     // The window of the host that has this control, visible or not; null when there is none.
     HWND windowWith(int control) const;
-    HWND waitForWindowWith(int control) const;
+    HWND waitForWindowWith(int control, std::chrono::milliseconds deadline = kDeadline) const;
 
     // Whether the process ends by the deadline; its exit code.
     bool ends(DWORD& code, std::chrono::milliseconds deadline = kDeadline) const;

@@ -47,7 +47,7 @@ TEST_F(ProcessExit, WaitsForAJobThatArrivesWhole) {
     ASSERT_NO_FATAL_FAILURE(startPacking(kMiddlingScene));
     process_->close();
     process_->waitForWindowWith(IDC_EXIT_END);
-    HWND message = process_->waitForWindowWith(kMessageText);
+    HWND message = process_->waitForWindowWith(kMessageText, kPackingDeadline);
     EXPECT_TRUE(process_->runs());
     ::PostMessageW(message, WM_COMMAND, IDOK, 0);
     EXPECT_TRUE(process_->ends(code_));

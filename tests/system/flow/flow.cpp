@@ -23,8 +23,6 @@ namespace {
 constexpr int kMessageText = 0xFFFF; // the control of a message box that holds its text
 constexpr char kEndOfSubmission[] = "[INFO] The submission ended with ";
 
-constexpr std::chrono::milliseconds kPackingDeadline{60000};
-
 std::vector<std::string> Ends(const std::string& log) {
     std::vector<std::string> ends;
     for (const std::string& line : LogLines(log)) {

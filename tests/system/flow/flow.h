@@ -82,6 +82,10 @@ private:
     std::size_t ended_ = 0; // submissions that were waited for
 };
 
+// For what comes after packing, which is work of the processor: beside other work it takes several
+// times as long.
+constexpr std::chrono::milliseconds kPackingDeadline{180000};
+
 // The processes of this name, for example "7z.exe".
 std::vector<DWORD> ProcessesNamed(const std::wstring& name);
 
