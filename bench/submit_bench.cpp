@@ -13,13 +13,13 @@
 #include "submit/job_description.h"
 #include "submit/scene_archive.h"
 #include "submit/submit_job.h"
+#include "tests/hosts/fake_door.h"
 #include "tests/support/files.h"
 #include "tests/support/product_folder.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/unit/submit/archiver.h"
 #include "tests/unit/submit/reply_server.h"
 #include "tests/unit/submit/test_dialog.h"
-#include "tests/unit/support_host/fake_host.h"
 
 #include <benchmark/benchmark.h>
 #include <json/reader.h>
@@ -109,7 +109,7 @@ public:
 private:
     test::TestProductFolder product_;
     test::TemporaryFolder folder_{L"large scene"};
-    test::FakeHost host_;
+    test::FakeDoor host_;
 };
 
 template<class Function>

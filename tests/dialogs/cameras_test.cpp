@@ -1,7 +1,7 @@
 // Working with the cameras in the dialog of the plug-in in a host.
 #include "resources/controls.h"
 #include "tests/dialogs/dialog_user.h"
-#include "tests/dialogs/plugin_host.h"
+#include "tests/hosts/host_in_process.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/wait_until.h"
 
@@ -20,7 +20,7 @@ protected:
     }
     std::string ticks() const { return Ticks(window_, IDC_CAMERAS); }
 
-    PluginHost host_;
+    HostInProcess host_;
     HWND window_ = nullptr;
 };
 

@@ -1,7 +1,7 @@
 // Opening the main dialog of the plug-in in a host: what is checked, what is shown.
 #include "resources/controls.h"
 #include "tests/dialogs/dialog_user.h"
-#include "tests/dialogs/plugin_host.h"
+#include "tests/hosts/host_in_process.h"
 #include "tests/support/log_lines.h"
 #include "tests/support/message_box_watcher.h"
 
@@ -31,7 +31,7 @@ protected:
     }
     bool wasAnalysed() const { return !host_.events("script_run").empty(); }
 
-    PluginHost host_;
+    HostInProcess host_;
 };
 
 TEST_F(Opening, ShowsTheScenesCamerasNameAndWarnings) {

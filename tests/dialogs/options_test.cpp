@@ -2,7 +2,7 @@
 // keys do to a field, what is remembered.
 #include "resources/controls.h"
 #include "tests/dialogs/dialog_user.h"
-#include "tests/dialogs/plugin_host.h"
+#include "tests/hosts/host_in_process.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/wait_until.h"
 #include "windows/measures.h"
@@ -61,7 +61,7 @@ protected:
         return ::GetDeviceCaps(dc.get(), LOGPIXELSX) / 96.0;
     }
 
-    PluginHost host_;
+    HostInProcess host_;
     HWND window_ = nullptr;
 };
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "tests/dialogs/dialog_user.h"
-#include "tests/dialogs/plugin_host.h"
+#include "tests/hosts/host_in_process.h"
 
 #include <gtest/gtest.h>
 
@@ -32,7 +32,7 @@ protected:
     // The cells of a row of the camera table.
     std::vector<std::wstring> cells(int row) const;
 
-    PluginHost host_;
+    HostInProcess host_;
     HWND main_ = nullptr;
 };
 

@@ -1,7 +1,7 @@
 // Submitting from the dialog of the plug-in in a host, as far as the dialog itself goes.
 #include "resources/controls.h"
 #include "tests/dialogs/dialog_user.h"
-#include "tests/dialogs/plugin_host.h"
+#include "tests/hosts/host_in_process.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/wait_until.h"
 
@@ -39,7 +39,7 @@ protected:
     }
     std::size_t saves() const { return host_.events("scene_saved").size(); }
 
-    PluginHost host_;
+    HostInProcess host_;
     HWND window_ = nullptr;
 };
 

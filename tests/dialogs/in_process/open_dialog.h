@@ -4,10 +4,10 @@
 
 #include "base/noncopyable.h"
 #include "base/windows.h"
+#include "tests/hosts/fake_door.h"
 #include "tests/support/module_scope.h"
 #include "tests/support/product_folder.h"
 #include "tests/support/temporary_folder.h"
-#include "tests/unit/support_host/fake_host.h"
 
 #include <atomic>
 #include <functional>
@@ -31,7 +31,7 @@ public:
 
     const TestProductFolder product;
     const TemporaryFolder scenes{L"\u573A\u666F folder"};
-    FakeHost host;
+    FakeDoor host;
 
 private:
     int runParser(const std::wstring& script) const;

@@ -5,10 +5,10 @@
 #include "resources/controls.h"
 #include "submit/submit_job.h"
 #include "tests/dialogs/dialog_user.h"
+#include "tests/hosts/fake_door.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/wait_until.h"
 #include "tests/system/flow/import_patch.h"
-#include "tests/unit/support_host/fake_host.h"
 #include "ui/workers.h"
 
 #include <gtest/gtest.h>
@@ -265,7 +265,7 @@ protected:
                               reinterpret_cast<ULONGLONG>(&StartThread)};
     const ImportPatch opens_{::GetModuleHandleW(nullptr), "DialogBoxParamW",
                              reinterpret_cast<ULONGLONG>(&OpenWhenAllowed)};
-    FakeHost host_;
+    FakeDoor host_;
     const DialogOfAHost dialog_;
 };
 

@@ -2,8 +2,8 @@
 #include "host/abi_facts.h"
 #include "standin/maxutil.h"
 #include "standin/menus.h"
+#include "tests/hosts/bare_host.h"
 #include "tests/system/abi/slots.h"
-#include "tests/system/abi/test_host.h"
 
 #include <commctrl.h>
 
@@ -70,7 +70,7 @@ void* NewActionTable(DWORD id) {
 
 class HostSlots : public ::testing::Test {
 protected:
-    TestHost host;
+    BareHost host;
 };
 
 TEST_F(HostSlots, InterfaceTellsWindowSceneAndFolder) {
@@ -351,7 +351,7 @@ struct ScriptCase {
 
 class ScriptResults : public ::testing::TestWithParam<ScriptCase> {
 protected:
-    TestHost host;
+    BareHost host;
     ScriptValue value;
 
     int run() {

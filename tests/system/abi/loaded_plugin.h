@@ -3,9 +3,9 @@
 
 #include "host/abi_facts.h"
 #include "standin/maxutil.h"
+#include "tests/hosts/bare_host.h"
 #include "tests/support/program_folder.h"
 #include "tests/system/abi/slots.h"
-#include "tests/system/abi/test_host.h"
 
 #include <gtest/gtest.h>
 
@@ -35,7 +35,7 @@ protected:
 
     void* create() { return CallSlot<void*>(descriptor, host_abi::slot::ClassDesc_Create, TRUE); }
 
-    TestHost host;
+    BareHost host;
     HMODULE module = nullptr;
     void* descriptor = nullptr;
 };

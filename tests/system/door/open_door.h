@@ -2,8 +2,8 @@
 #pragma once
 
 #include "host/host_api.h"
+#include "tests/hosts/bare_host.h"
 #include "tests/support/wait_until.h"
-#include "tests/system/abi/test_host.h"
 
 #include <atomic>
 #include <thread>
@@ -16,7 +16,7 @@ public:
     OpenDoor() { orv_host_open(); }
     ~OpenDoor() { orv_host_close(); }
 
-    TestHost host;
+    BareHost host;
 };
 
 // Runs `work` on a thread of its own while this thread's messages are served; false when it did not

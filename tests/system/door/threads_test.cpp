@@ -68,7 +68,7 @@ TEST(OpenedDoor, WorksWhileAMessageBoxIsOpen) {
 
 TEST(ClosedDoor, RefusesOtherThreadsAtOnce) {
     { OpenDoor door; }
-    TestHost host;
+    BareHost host;
     // This thread serves no messages here: a call that waited would hang.
     std::thread thread([] {
         EXPECT_EQ(orv_host_main_window(), nullptr);
@@ -86,14 +86,14 @@ TEST(ClosedDoor, RefusesOtherThreadsAtOnce) {
 
 TEST(ClosedDoor, StillServesTheMainThread) {
     { OpenDoor door; }
-    TestHost host;
+    BareHost host;
     EXPECT_EQ(orv_host_main_window(), host.mainWindow);
     EXPECT_NE(orv_host_save_scene(), 0);
 }
 
 // A submission may be waiting for the host in the moment in which the host ends.
 TEST(ClosedDoor, ReleasesThreadsThatWait) {
-    TestHost host;
+    BareHost host;
     for (int i = 0; i < 20; ++i) {
         orv_host_open();
         std::atomic<bool> started{false};
@@ -108,7 +108,7 @@ TEST(ClosedDoor, ReleasesThreadsThatWait) {
 }
 
 TEST(ClosedDoor, OpensAndClosesAsOftenAsAsked) {
-    TestHost host;
+    BareHost host;
     orv_host_close();
     orv_host_open();
     orv_host_open();

@@ -2,10 +2,10 @@
 #include "analysis/text/text_convert.h"
 #include "resources/controls.h"
 #include "resources/texts.h"
+#include "tests/hosts/host_process.h"
 #include "tests/support/log_lines.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/system/exit/exit_flow.h"
-#include "tests/system/exit/host_process.h"
 #include "ui/exit/exit_guard.h"
 
 namespace orv {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "tests/dialogs/dialog_user.h"
-#include "tests/dialogs/plugin_host.h"
+#include "tests/hosts/host_in_process.h"
 #include "tests/support/files.h"
 #include "tests/system/client/client_process.h"
 #include "tests/unit/submit/archiver.h"
@@ -74,7 +74,7 @@ protected:
 
     static constexpr int kStillRunning = -99;
 
-    PluginHost host_;
+    HostInProcess host_;
     std::unique_ptr<ClientProcess> client_;
     HWND dialog_ = nullptr;
 

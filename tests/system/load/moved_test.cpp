@@ -53,7 +53,7 @@ TEST_P(Library, PrefersAPlaceThatThisProgramHasTaken) {
 }
 
 TEST_P(Library, IsMovedInThisRun) {
-    TestHost host; // the plug-in's entry asks the host for its language
+    BareHost host; // the plug-in's entry asks the host for its language
     const HMODULE module = ::LoadLibraryW(path.c_str());
     ASSERT_NE(module, nullptr) << ::GetLastError();
     EXPECT_NE(PlaceOf(module), PeFile(path).preferredBase());
@@ -103,7 +103,7 @@ private:
 };
 
 TEST(Moved, WorksAboveFourGigabytes) {
-    TestHost host;
+    BareHost host;
     const HeldLowMemory low;
     const PluginInHost plugin;
     EXPECT_GE(PlaceOf(plugin.module()), kFourGigabytes);
@@ -116,7 +116,7 @@ TEST(Moved, WorksAtEachPlaceWhereItIsLoadedAgain) {
     std::vector<std::unique_ptr<HeldPlace>> former;
     std::vector<std::uintptr_t> places;
     for (int i = 0; i < 4; ++i) {
-        TestHost host;
+        BareHost host;
         std::uintptr_t place = 0;
         {
             const PluginInHost plugin;
@@ -134,7 +134,7 @@ TEST(Moved, WorksAtEachPlaceWhereItIsLoadedAgain) {
 
 // Two installations of the plug-in: the host loads both files.
 TEST(Moved, WorksTwiceFromTwoPaths) {
-    TestHost host;
+    BareHost host;
     standin_set_language(kEnglish);
     const TemporaryFolder folder(L"copy \u526F\u672C");
     const std::wstring copy = folder.file(L"OrvRendering.gup");
@@ -158,7 +158,7 @@ TEST(Moved, WorksTwiceFromTwoPaths) {
 }
 
 TEST(Moved, LeavesNothingWhereItStoodWhenItIsUnloaded) {
-    TestHost host;
+    BareHost host;
     std::uintptr_t place = 0;
     {
         const PluginInHost plugin;

@@ -35,7 +35,7 @@ struct Lack {
 class LackingLibrary : public ::testing::TestWithParam<Lack> {};
 
 TEST_P(LackingLibrary, IsRefusedWithTheNameOfWhatIsMissing) {
-    TestHost host;
+    BareHost host;
     standin_set_language(kEnglish);
     const TemporaryFolder folder;
     const std::wstring copy = folder.file(L"Lacking.gup");
@@ -65,7 +65,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& parameter) { return parameter.param.name; });
 
 TEST(RefusedFile, OfAnotherProcessorIsNamed) {
-    TestHost host;
+    BareHost host;
     std::string bytes = ReadFileBytes(PluginPath());
     const auto dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(bytes.data());
     const std::size_t machine = static_cast<std::size_t>(dos->e_lfanew) + 4;

@@ -1,10 +1,10 @@
 #include "tests/system/races/raced_host.h"
 
 #include "resources/controls.h"
-#include "tests/dialogs/plugin_host.h"
+#include "tests/hosts/host_in_process.h"
+#include "tests/hosts/host_process.h"
 #include "tests/support/files.h"
 #include "tests/support/wait_until.h"
-#include "tests/system/exit/host_process.h"
 #include "tests/system/flow/flow.h"
 #include "tests/system/races/screen.h"
 
@@ -48,7 +48,7 @@ public:
     bool hasEnded() const override { return !host_.events("stopped").empty(); }
 
 private:
-    PluginHost host_;
+    HostInProcess host_;
 };
 
 class HostOfItsOwn : public RacedHost {

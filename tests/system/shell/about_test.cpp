@@ -9,7 +9,7 @@ namespace test {
 namespace {
 
 SeenMessageBox ShowAbout(unsigned short language) {
-    TestHost host;
+    BareHost host;
     const PluginInHost plugin(language);
     MessageBoxWatcher watcher;
     EXPECT_TRUE(standin_run_action(kTable, kAbout));
@@ -35,14 +35,14 @@ TEST(About, ShowsTheVersionInChinese) {
 }
 
 TEST(Actions, UnknownCommandsAreNotTheTables) {
-    TestHost host;
+    BareHost host;
     const PluginInHost plugin;
     EXPECT_FALSE(standin_run_action(kTable, 1499));
     EXPECT_FALSE(standin_run_action(0x1111, kAbout));
 }
 
 TEST(Actions, WorkNoLongerWhenThePluginIsGone) {
-    TestHost host;
+    BareHost host;
     { const PluginInHost plugin; }
     EXPECT_FALSE(standin_run_action(kTable, kAbout));
 }

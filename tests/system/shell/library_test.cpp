@@ -25,7 +25,7 @@ protected:
         return Exported<Result (*)(Arguments...)>(PluginPath().c_str(), name)(arguments...);
     }
 
-    TestHost host;
+    BareHost host;
     HMODULE module_ = nullptr;
 };
 

@@ -33,7 +33,7 @@ protected:
         EXPECT_EQ(standin_menu_context_count(), 1);
     }
 
-    TestHost host;
+    BareHost host;
     TemporaryFolder folder;
     const std::wstring path = folder.file(L"menus.txt");
 };

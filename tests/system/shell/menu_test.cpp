@@ -19,7 +19,7 @@ protected:
         ASSERT_TRUE(standin_menus_load(path.c_str()));
     }
 
-    TestHost host;
+    BareHost host;
     TemporaryFolder folder{L"menus \u83DC\u5355"};
     const std::wstring path = folder.file(L"menus.txt");
 };

@@ -3,7 +3,7 @@
 
 #include "standin/gup.h"
 #include "standin/menus.h"
-#include "tests/system/abi/test_host.h"
+#include "tests/hosts/bare_host.h"
 
 #include <string>
 #include <vector>

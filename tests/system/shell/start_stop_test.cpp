@@ -13,7 +13,7 @@ namespace {
 using ::testing::Each;
 
 TEST(Start, RegistersWhatTheHostHasToKnow) {
-    TestHost host;
+    BareHost host;
     const PluginInHost plugin;
     EXPECT_EQ(standin_plugin_object_count(plugin()), 1) << "it wants to be kept";
     EXPECT_EQ(standin_notification_count(), 1);
@@ -23,19 +23,19 @@ TEST(Start, RegistersWhatTheHostHasToKnow) {
 }
 
 TEST(Start, ActivatesTheActionsTwice) {
-    TestHost host;
+    BareHost host;
     const PluginInHost plugin;
     EXPECT_EQ(standin_action_activation_count(), 2);
 }
 
 TEST(Start, AsksNothingOfTheSceneAndRunsNoScript) {
-    TestHost host;
+    BareHost host;
     const PluginInHost plugin;
     EXPECT_THAT(host.calls, Each(std::wstring(L"menu bar changed()")));
 }
 
 TEST(Start, DoesNothingWithoutAHost) {
-    TestHost host;
+    BareHost host;
     standin_set_host(nullptr);
     const PluginInHost plugin;
     EXPECT_EQ(standin_plugin_object_count(plugin()), 1) << "it stays all the same";
@@ -46,7 +46,7 @@ TEST(Start, DoesNothingWithoutAHost) {
 }
 
 TEST(Stop, TakesTheMenuAndTheNotificationBack) {
-    TestHost host;
+    BareHost host;
     const PluginInHost plugin;
     standin_broadcast(kStartup);
     standin_plugin_stop(plugin());
@@ -59,7 +59,7 @@ TEST(Stop, TakesTheMenuAndTheNotificationBack) {
 }
 
 TEST(Stop, IsHarmlessTwice) {
-    TestHost host;
+    BareHost host;
     const PluginInHost plugin;
     standin_plugin_stop(plugin()); // stops, then destroys: the destructor looks for the menu again
     const auto calls = host.calls;
@@ -70,7 +70,7 @@ TEST(Stop, IsHarmlessTwice) {
 }
 
 TEST(Stop, LeavesOtherMenusAlone) {
-    TestHost host;
+    BareHost host;
     standin_menu* file = standin_menu_create(L"File");
     standin_menu_append_command(file, 1, L"Open");
     standin_menu_append_sub_menu(standin_menu_bar(), file);
@@ -83,7 +83,7 @@ TEST(Stop, LeavesOtherMenusAlone) {
 }
 
 TEST(StartAndStop, FiftyTimesLeaveNothingBehind) {
-    TestHost host;
+    BareHost host;
     for (int i = 0; i < 50; ++i) {
         const PluginInHost plugin;
         standin_broadcast(kStartup);

@@ -6,10 +6,10 @@
 #include "host/host.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
+#include "tests/hosts/fake_door.h"
 #include "tests/support/files.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/product_folder.h"
-#include "tests/unit/support_host/fake_host.h"
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ protected:
     }
 
     TestProductFolder product_;
-    FakeHost host_;
+    FakeDoor host_;
     std::wstring reportText_ = L"what was there before";
 };
 

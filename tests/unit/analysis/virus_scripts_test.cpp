@@ -1,7 +1,7 @@
 #include "analysis/submission_checks.h"
 
+#include "tests/hosts/fake_door.h"
 #include "tests/support/product_folder.h"
-#include "tests/unit/support_host/fake_host.h"
 
 #include <gtest/gtest.h>
 
@@ -29,7 +29,7 @@ protected:
     }
 
     TestProductFolder product_;
-    FakeHost host_;
+    FakeDoor host_;
 };
 
 TEST_F(VirusScripts, RunInTheirOrder) {

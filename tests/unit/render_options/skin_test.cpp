@@ -3,10 +3,10 @@
 #include "resources/controls.h"
 #include "resources/text.h"
 #include "tests/dialogs/dialog_user.h"
+#include "tests/hosts/fake_door.h"
 #include "tests/support/product_folder.h"
 #include "tests/support/wait_until.h"
 #include "tests/system/host/process_counts.h"
-#include "tests/unit/support_host/fake_host.h"
 #include "ui/render_options/render_options.h"
 #include "ui/skin/skin.h"
 #include "windows/measures.h"
@@ -169,7 +169,7 @@ COLORREF ColourOf(HWND control) {
 
 TEST(Padlocks, ShowWhetherTheirFieldsAreLocked) {
     const TestProductFolder folder;
-    FakeHost host;
+    FakeDoor host;
     PluginData& data = PluginData::instance();
     OpenAndClose(data, CameraEditing::Single, [](HWND dialog) {
         EXPECT_EQ(ColourOf(::GetDlgItem(dialog, IDC_OPTIONS_LOCK_SIZE)), kOpenColour);
@@ -185,7 +185,7 @@ TEST(Padlocks, ShowWhetherTheirFieldsAreLocked) {
 
 TEST(Padlocks, ArePaintedByTheDialog) {
     const TestProductFolder folder;
-    FakeHost host;
+    FakeDoor host;
     PluginData& data = PluginData::instance();
     OpenAndClose(data, CameraEditing::Several, [](HWND dialog) {
         ::RedrawWindow(dialog, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
@@ -199,7 +199,7 @@ TEST(Padlocks, ArePaintedByTheDialog) {
 
 TEST(Padlocks, LeaveNothingBehindAfterAHundredOpenings) {
     const TestProductFolder folder;
-    FakeHost host;
+    FakeDoor host;
     PluginData& data = PluginData::instance();
     const auto open = [&data] {
         OpenAndClose(data, CameraEditing::Single, [](HWND dialog) {

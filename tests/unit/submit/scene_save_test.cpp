@@ -1,11 +1,11 @@
 #include "submit/scene_file.h"
 
 #include "resources/controls.h"
+#include "tests/hosts/fake_door.h"
 #include "tests/support/files.h"
 #include "tests/support/product_folder.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/unit/submit/test_dialog.h"
-#include "tests/unit/support_host/fake_host.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ protected:
     }
 
     TestProductFolder product_;
-    FakeHost host_;
+    FakeDoor host_;
     TestDialog dialog_;
     SceneAnalysis analysis_;
 };

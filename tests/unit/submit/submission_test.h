@@ -5,12 +5,12 @@
 #include "config/plugin_data.h"
 #include "resources/controls.h"
 #include "submit/submit_job.h"
+#include "tests/hosts/fake_door.h"
 #include "tests/support/files.h"
 #include "tests/support/product_folder.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/unit/submit/archiver.h"
 #include "tests/unit/submit/test_dialog.h"
-#include "tests/unit/support_host/fake_host.h"
 
 #include <gtest/gtest.h>
 
@@ -55,7 +55,7 @@ protected:
     const std::string kSceneBytes = "the bytes of a scene";
     TestProductFolder product_;
     TemporaryFolder folder_{L"\x5BA2\x5385 living room"};
-    FakeHost host_;
+    FakeDoor host_;
     TestDialog dialog_;
     PluginData& data_ = PluginData::instance();
 };

@@ -8,13 +8,13 @@
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "submit/submit_job.h"
+#include "tests/hosts/fake_door.h"
 #include "tests/support/files.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/module_scope.h"
 #include "tests/support/product_folder.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/wait_until.h"
-#include "tests/unit/support_host/fake_host.h"
 #include "ui/progress/progress_dialog.h"
 
 #include <gtest/gtest.h>
@@ -139,7 +139,7 @@ protected:
 
     PluginData& data_ = PluginData::instance();
     const TestProductFolder folder_;
-    FakeHost host;
+    FakeDoor host;
     const HWND owner_;
     std::atomic<bool> release_{false};
 };

@@ -1,5 +1,5 @@
-// The plug-in as it ships, in a stand-in host of this process, with a scene and the client's
-// settings.
+// The stand-in host, with its window and menus, in the process of the test: the plug-in as it
+// ships, a scene and the client's settings. For tests that are the user of the dialogs.
 #pragma once
 
 #include "base/noncopyable.h"
@@ -21,13 +21,13 @@ namespace test {
 
 // The host runs on a thread of its own, which is its main thread; the test is the person before the
 // screen. Everything about the scene and the settings may be changed until start().
-class PluginHost : private rud_Noncopyable {
+class HostInProcess : private rud_Noncopyable {
 public:
     // A client that accepts this plug-in; a scene "Living room.max" of three cameras, "Camera
     // \u5BA2\u5385" among them, in PNG, with two missing textures.
-    PluginHost();
+    HostInProcess();
     // Cancels a dialog that is open and closes the host.
-    ~PluginHost();
+    ~HostInProcess();
 
     const TestProductFolder product;
     const TemporaryFolder scenes{L"\u573A\u666F folder"};

@@ -1,4 +1,5 @@
-// A host without a window: what the plug-in asks of it is recorded and answered from fields.
+// The stand-in SDK with a host of callbacks, without a window: it records each call of the plug-in
+// and returns what the test has set. For tests of the library, the shell and the door.
 #pragma once
 
 #include "base/noncopyable.h"
@@ -12,10 +13,10 @@ namespace test {
 
 // The one host of the process while it lives. No menus, tables or notifications are left from
 // earlier ones, and none of its own stay.
-class TestHost : private rud_Noncopyable {
+class BareHost : private rud_Noncopyable {
 public:
-    TestHost();
-    ~TestHost();
+    BareHost();
+    ~BareHost();
 
     HWND mainWindow = ::GetDesktopWindow();
     std::wstring sceneFileName = L"loft.max";

@@ -1,4 +1,4 @@
-#include "tests/system/abi/test_host.h"
+#include "tests/hosts/bare_host.h"
 
 #include "standin/menus.h"
 
@@ -6,8 +6,8 @@ namespace orv {
 namespace test {
 namespace {
 
-TestHost& Of(void* context) {
-    return *static_cast<TestHost*>(context);
+BareHost& Of(void* context) {
+    return *static_cast<BareHost*>(context);
 }
 
 HWND MainWindow(void* context) {
@@ -61,7 +61,7 @@ void MenuBarChanged(void* context) {
 
 } // namespace
 
-TestHost::TestHost() {
+BareHost::BareHost() {
     standin_core_reset();
     standin_menus_reset();
     const standin_host_callbacks callbacks = {
@@ -70,13 +70,13 @@ TestHost::TestHost() {
     standin_set_host(&callbacks);
 }
 
-TestHost::~TestHost() {
+BareHost::~BareHost() {
     standin_core_reset();
     standin_menus_reset();
     standin_set_host(nullptr);
 }
 
-void TestHost::record(const std::wstring& call) {
+void BareHost::record(const std::wstring& call) {
     calls.push_back(call);
     threads.push_back(::GetCurrentThreadId());
 }

@@ -1,4 +1,4 @@
-#include "tests/dialogs/plugin_host.h"
+#include "tests/hosts/host_in_process.h"
 
 #include "resources/controls.h"
 #include "standin/host/host.h"
@@ -50,12 +50,12 @@ HMENU ProductMenu(HWND host) {
 
 } // namespace
 
-PluginHost::PluginHost() : scene(Parsed(kScene)) {
+HostInProcess::HostInProcess() : scene(Parsed(kScene)) {
     product.writeSettings("port=12345\r\nlowerversion=1.3.7\r\n");
     product.installScripts();
 }
 
-PluginHost::~PluginHost() {
+HostInProcess::~HostInProcess() {
     if (!thread_.joinable())
         return;
     WaitUntil([this] {
@@ -68,14 +68,14 @@ PluginHost::~PluginHost() {
     thread_.join();
 }
 
-void PluginHost::setParser(const std::string& does, const std::string& text) {
+void HostInProcess::setParser(const std::string& does, const std::string& text) {
     Json::Value& script = scene["scripts"][kParser];
     script["does"] = does;
     script["text"] = text;
     script["message"] = text;
 }
 
-void PluginHost::start(LANGID language) {
+void HostInProcess::start(LANGID language) {
     if (!sceneName.empty()) {
         WriteFileBytes(scenePath(), sceneBytes);
         WriteFileBytes(scenePath() + L".json", Json::FastWriter().write(scene));
@@ -85,7 +85,7 @@ void PluginHost::start(LANGID language) {
         throw std::runtime_error("the host did not start");
 }
 
-void PluginHost::run(LANGID language) {
+void HostInProcess::run(LANGID language) {
     standin::HostOptions options;
     options.pluginFolder = ProgramFolder();
     options.scenePath = sceneName.empty() ? std::wstring() : scenePath();
@@ -105,14 +105,14 @@ void PluginHost::run(LANGID language) {
     host.stop();
 }
 
-void PluginHost::chooseSubmit() const {
+void HostInProcess::chooseSubmit() const {
     if (!WaitUntil([this] { return window_ != nullptr && ProductMenu(window_) != nullptr; }))
         throw std::runtime_error("the host has no menu of the product");
     ++chosen_;
     ::PostMessageW(window_, WM_COMMAND, ::GetMenuItemID(ProductMenu(window_), 0), 0);
 }
 
-HWND PluginHost::openDialog() const {
+HWND HostInProcess::openDialog() const {
     chooseSubmit();
     HWND found = nullptr;
     WaitUntil([this, &found] {
@@ -122,16 +122,16 @@ HWND PluginHost::openDialog() const {
     return found;
 }
 
-void PluginHost::save() const {
+void HostInProcess::save() const {
     constexpr int kSave = 2; // behind Open and a line
     ::PostMessageW(window_, WM_COMMAND, ::GetMenuItemID(PullDown(window_, L"&File"), kSave), 0);
 }
 
-bool PluginHost::waitForEnd() const {
+bool HostInProcess::waitForEnd() const {
     return WaitUntil([this] { return events("action_ended").size() == chosen_; });
 }
 
-std::vector<Json::Value> PluginHost::events(const std::string& name) const {
+std::vector<Json::Value> HostInProcess::events(const std::string& name) const {
     const std::lock_guard<std::mutex> lock(mutex_);
     std::vector<Json::Value> found;
     for (const Json::Value& event : events_) {

@@ -1,4 +1,4 @@
-// The stand-in host as a process of its own, with a submission that runs in it.
+// The stand-in host as a separate process. For tests of the end of a process.
 #pragma once
 
 #include "base/handles.h"

@@ -1,4 +1,4 @@
-#include "tests/system/exit/host_process.h"
+#include "tests/hosts/host_process.h"
 
 #include "resources/controls.h"
 #include "standin/host/main_window.h"

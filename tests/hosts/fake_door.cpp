@@ -1,4 +1,4 @@
-#include "tests/unit/support_host/fake_host.h"
+#include "tests/hosts/fake_door.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -8,9 +8,9 @@ namespace orv {
 namespace test {
 namespace {
 
-FakeHost* current = nullptr;
+FakeDoor* current = nullptr;
 
-FakeHost& Current() {
+FakeDoor& Current() {
     if (current == nullptr)
         throw std::logic_error("the product called the host, but the test has none");
     return *current;
@@ -27,35 +27,35 @@ int CopyText(const std::wstring& text, wchar_t* buffer, int capacity) {
 
 } // namespace
 
-FakeHost::FakeHost() {
+FakeDoor::FakeDoor() {
     current = this;
 }
 
-FakeHost::~FakeHost() {
+FakeDoor::~FakeDoor() {
     current = nullptr;
 }
 
-std::vector<std::wstring> FakeHost::savedPaths() const {
+std::vector<std::wstring> FakeDoor::savedPaths() const {
     const std::lock_guard<std::mutex> lock(mutex_);
     return savedPaths_;
 }
 
-std::vector<std::wstring> FakeHost::scripts() const {
+std::vector<std::wstring> FakeDoor::scripts() const {
     const std::lock_guard<std::mutex> lock(mutex_);
     return scripts_;
 }
 
-int FakeHost::valuesAlive() const {
+int FakeDoor::valuesAlive() const {
     const std::lock_guard<std::mutex> lock(mutex_);
     return valuesAlive_;
 }
 
-std::wstring FakeHost::scenePath() const {
+std::wstring FakeDoor::scenePath() const {
     const std::lock_guard<std::mutex> lock(mutex_);
     return sceneFilePath;
 }
 
-bool FakeHost::saveTo(const std::wstring& path) {
+bool FakeDoor::saveTo(const std::wstring& path) {
     {
         const std::lock_guard<std::mutex> lock(mutex_);
         savedPaths_.push_back(path);
@@ -67,17 +67,17 @@ bool FakeHost::saveTo(const std::wstring& path) {
     return true;
 }
 
-int FakeHost::saveCommands() const {
+int FakeDoor::saveCommands() const {
     const std::lock_guard<std::mutex> lock(mutex_);
     return saveCommands_;
 }
 
-std::vector<std::wstring> FakeHost::toolTips() const {
+std::vector<std::wstring> FakeDoor::toolTips() const {
     const std::lock_guard<std::mutex> lock(mutex_);
     return toolTips_;
 }
 
-bool FakeHost::save() {
+bool FakeDoor::save() {
     {
         const std::lock_guard<std::mutex> lock(mutex_);
         ++saveCommands_;
@@ -85,12 +85,12 @@ bool FakeHost::save() {
     return !onSave || onSave();
 }
 
-void FakeHost::setToolTips(std::vector<std::wstring> texts) {
+void FakeDoor::setToolTips(std::vector<std::wstring> texts) {
     const std::lock_guard<std::mutex> lock(mutex_);
     toolTips_ = std::move(texts);
 }
 
-int FakeHost::runScript(const std::wstring& script) {
+int FakeDoor::runScript(const std::wstring& script) {
     {
         const std::lock_guard<std::mutex> lock(mutex_);
         scripts_.push_back(script);
@@ -98,13 +98,13 @@ int FakeHost::runScript(const std::wstring& script) {
     return onScript ? onScript(script) : 1;
 }
 
-FPValue* FakeHost::createValue() {
+FPValue* FakeDoor::createValue() {
     const std::lock_guard<std::mutex> lock(mutex_);
     ++valuesAlive_;
     return reinterpret_cast<FPValue*>(new char[64]()); // only its address is used here
 }
 
-void FakeHost::destroyValue(FPValue* value) {
+void FakeDoor::destroyValue(FPValue* value) {
     const std::lock_guard<std::mutex> lock(mutex_);
     --valuesAlive_;
     delete[] reinterpret_cast<char*>(value);
@@ -151,7 +151,7 @@ void* orv_host_tooltips_create(void) {
 }
 
 void orv_host_tooltips_set(void* tooltips, HWND, const wchar_t* text) {
-    auto& host = *static_cast<orv::test::FakeHost*>(tooltips);
+    auto& host = *static_cast<orv::test::FakeDoor*>(tooltips);
     std::vector<std::wstring> texts = host.toolTips();
     texts.emplace_back(text);
     host.setToolTips(texts);
@@ -159,7 +159,7 @@ void orv_host_tooltips_set(void* tooltips, HWND, const wchar_t* text) {
 
 void orv_host_tooltips_destroy(void* tooltips) {
     if (tooltips != nullptr)
-        static_cast<orv::test::FakeHost*>(tooltips)->setToolTips({});
+        static_cast<orv::test::FakeDoor*>(tooltips)->setToolTips({});
 }
 
 int orv_host_run_script(const wchar_t* text, FPValue*) {

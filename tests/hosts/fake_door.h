@@ -1,5 +1,5 @@
-// A host for unit tests, behind the same C functions as the real one: it records what it is asked
-// for and answers as it is told. The real host cannot be had in a test of one folder.
+// The door to the host without a host: the C functions of host/ record each call and return what
+// the test has set. For unit tests, which link no SDK.
 #pragma once
 
 #include "base/noncopyable.h"
@@ -14,10 +14,10 @@ namespace orv {
 namespace test {
 
 // While it lives, the product's calls to the host reach it, from whichever thread. One at a time.
-class FakeHost : private rud_Noncopyable {
+class FakeDoor : private rud_Noncopyable {
 public:
-    FakeHost();
-    ~FakeHost();
+    FakeDoor();
+    ~FakeDoor();
 
     // Set by the test before the product runs.
     std::wstring sceneFilePath; // of the open scene, empty for one that was never saved
