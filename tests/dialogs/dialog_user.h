@@ -10,7 +10,7 @@
 namespace orv {
 namespace test {
 
-// The visible dialog of this process that has control `control`, null when there is none.
+// The visible dialog of this process that has control `control`, null when it is missing.
 HWND FindDialogWith(int control);
 
 // Each of the actions below returns when the dialog has dealt with it, or shows another window for

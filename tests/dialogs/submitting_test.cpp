@@ -86,7 +86,7 @@ TEST_F(Submitting, IsAllowedAgainAfterItFailed) {
     EXPECT_EQ(watcher.stop().size(), 3U);
 }
 
-// The host has told its user why; the next attempt is free at once.
+// The host has shown the reason; the next attempt is possible at once.
 TEST_F(Submitting, StopsWithoutAWordWhenTheSceneCannotBeSavedFirst) {
     Press(window_, IDC_SAVE_SCENE_FILE);
     for (std::size_t time = 1; time <= 3; ++time) {

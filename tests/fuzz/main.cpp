@@ -51,7 +51,7 @@ LONG WINAPI OnFault(EXCEPTION_POINTERS* fault) {
     return EXCEPTION_EXECUTE_HANDLER;
 }
 
-// Failed assertions of the C++ library, of the stack protector, exceptions that nobody catches.
+// Failed assertions of the C++ library, of the stack protector, uncaught exceptions.
 void OnAbort(int) {
     Report("abort");
     ::TerminateProcess(::GetCurrentProcess(), 1);

@@ -1,4 +1,4 @@
-// What the farm's client, or whoever listens on its port, answers.
+// Replies of the farm's client, or of another program on its port.
 #include "analysis/text/text_convert.h"
 #include "client/reply_code.h"
 #include "client/wire_text.h"
@@ -30,7 +30,7 @@ std::string HostileReply(Random& random) {
     if (random.oneIn(4))
         head = MutateBytes(head, random);
     const std::string reply = head + HostileJson(random.oneOf(bodies), random);
-    return reply.substr(0, 2048); // no more is ever read
+    return reply.substr(0, 2048); // the product never reads more
 }
 
 void ReadHostileReply(const std::string& bytes) {

@@ -12,7 +12,7 @@ namespace orv {
 namespace test {
 
 // The one host of the process while it lives. No menus, tables or notifications are left from
-// earlier ones, and none of its own stay.
+// earlier ones, and none of this one stay.
 class BareHost : private rud_Noncopyable {
 public:
     BareHost();

@@ -19,7 +19,7 @@
 namespace orv {
 namespace test {
 
-// The host runs on a thread of its own, which is its main thread; the test is the person before the
+// The host runs on a new thread, which is its main thread; the test is the person before the
 // screen. Everything about the scene and the settings may be changed until start().
 class HostInProcess : private rud_Noncopyable {
 public:

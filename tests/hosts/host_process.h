@@ -27,7 +27,7 @@ public:
     void close() const;
     void kill() const;
 
-    // The window of the host that has this control, visible or not; null when there is none.
+    // The window of the host that has this control, visible or not; null when it is missing.
     HWND windowWith(int control) const;
     HWND waitForWindowWith(int control, std::chrono::milliseconds deadline = kDeadline) const;
 

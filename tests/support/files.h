@@ -19,7 +19,7 @@ bool PathExists(const std::wstring& path);
 // Creates the folder and every missing folder above it; either slash separates them.
 void MakeFolders(const std::wstring& path);
 
-// The names in a folder, sorted, without "." and ".."; empty when there is no such folder.
+// The names in a folder, sorted, without "." and ".."; empty when the folder does not exist.
 std::vector<std::wstring> ListFolder(const std::wstring& path);
 
 // Deletes a file, or a folder with all that is in it. A log file (.log) that is still held open is
@@ -27,7 +27,7 @@ std::vector<std::wstring> ListFolder(const std::wstring& path);
 // behind.
 bool DeleteTree(const std::wstring& path);
 
-// Opens the file, or creates it, so that nobody else can open it as long as the owner lives.
+// Opens or creates the file and denies all access to others as long as the owner lives.
 FileHandle HoldExclusively(const std::wstring& path);
 
 // The bytes of UTF-16LE text without a byte-order mark, as custom.bin holds them.

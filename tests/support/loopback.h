@@ -27,7 +27,7 @@ private:
 // A connection to a port of 127.0.0.1; empty when it is refused.
 SocketHandle ConnectTo(std::uint16_t port);
 
-// A port that nobody listens on: it was free a moment ago.
+// A port without a listener: it was free a moment ago.
 std::uint16_t UnusedPort();
 
 // All bytes that come until the other side ends the connection.

@@ -150,7 +150,7 @@ void MessageBoxWatcher::watch() {
 
 void MessageBoxWatcher::answer(HWND box) {
     SeenMessageBox record = Read(box);
-    if (record.buttons.empty()) // closed by somebody else meanwhile
+    if (record.buttons.empty()) // closed by the test meanwhile
         return;
     {
         const std::lock_guard<std::mutex> lock(mutex_);

@@ -23,7 +23,7 @@ struct SeenMessageBox {
     int answer = 0; // the button that was pressed
 };
 
-// From its construction to stop() a thread of its own reads each message box that opens and presses
+// From its construction to stop() a separate thread reads each message box that opens and presses
 // one of its buttons. Dialogs of the product are left alone: only a window that has nothing but
 // texts and the standard buttons is a message box.
 class MessageBoxWatcher : private rud_Noncopyable {

@@ -30,7 +30,7 @@ public:
     // Replaces the settings file by section "general" with these lines ("port=8080\r\n…").
     void writeSettings(const std::string& lines) const;
 
-    // The content of log `name` in the log folder for `lowerVersion`, empty when there is none.
+    // The content of log `name` in the log folder for `lowerVersion`, empty when it does not exist.
     std::string log(const std::wstring& name,
                     const std::wstring& lowerVersion = std::wstring()) const;
 };

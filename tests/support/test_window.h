@@ -7,7 +7,7 @@
 namespace orv {
 namespace test {
 
-// A control of class `className` on a hidden window of its own.
+// A control of class `className` on a new hidden window.
 class TestWindow : private rud_Noncopyable {
 public:
     static constexpr int kControlId = 1;

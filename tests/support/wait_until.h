@@ -7,7 +7,7 @@
 namespace orv {
 namespace test {
 
-// Long enough for a machine that compiles meanwhile; a condition that comes true costs no more than
+// Long enough for a machine that compiles meanwhile; a condition that comes true costs only
 // it takes.
 constexpr std::chrono::milliseconds kDeadline{30000};
 

@@ -1,4 +1,4 @@
-// window_probe: prints what is on the desktop as JSON, so that a script outside of Windows can tell
+// window_probe: prints what is on the desktop as JSON, so that a script outside of Windows knows
 // where to point and what a window says. Each line of its input is answered by one line of output,
 // until the input ends: an array of visible top-level windows,
 //   {"class", "caption", "process", "rect": [left, top, right, bottom], "enabled", "controls"}

@@ -43,7 +43,7 @@ private:
 // A report of three cameras, "Camera \u5BA2\u5385" among them, with two missing files.
 std::string SampleReport();
 
-// Opens the dialog on a thread of its own that speaks `language` and has a main window, as the host
+// Opens the dialog on a new thread that has the language `language` and a main window, as the host
 // has.
 class OpenDialog : private rud_Noncopyable {
 public:

@@ -1,5 +1,5 @@
 // The progress window and the message boxes of a submission over one dialog: whatever their order,
-// nobody can use the dialog until the submission has ended, and then it has the keyboard.
+// the dialog stays disabled until the submission has ended, and then has the keyboard.
 #include "config/plugin_data.h"
 #include "config/submission_windows.h"
 #include "resources/controls.h"
@@ -56,7 +56,7 @@ std::int32_t SubmitJob(SubmissionChoices, HWND dialog, std::wstring, std::wstrin
 namespace test {
 namespace {
 
-// A modal dialog with an edit over a main window, on a thread of its own, as the plug-in's is.
+// A modal dialog with an edit over a main window, on a new thread, as the plug-in's is.
 class DialogOfAHost : private rud_Noncopyable {
 public:
     DialogOfAHost() : thread_([this] { run(); }) {

@@ -125,7 +125,7 @@ TEST_F(Submitting, KeepsTheControlsButCancelUntilItEnds) {
     Press(window, IDC_SUBMIT);
     ASSERT_TRUE(saving());
     EXPECT_EQ(enabledControls(window), std::set<int>{IDCANCEL});
-    ::SendMessageW(window, kSubmissionEnded, 0, 0); // from whoever
+    ::SendMessageW(window, kSubmissionEnded, 0, 0); // from any sender
     ::SendMessageW(window, kRebuildCameraTable, 0, 0);
     EXPECT_EQ(enabledControls(window), std::set<int>{IDCANCEL});
     release_ = true;

@@ -1,4 +1,4 @@
-// The stand-in client as a process of its own, started and read by a test.
+// The stand-in client as a process, started and read by a test.
 #pragma once
 
 #include "base/handles.h"

@@ -1,4 +1,4 @@
-// Exchanges that go wrong: the user is told, the log has its line, and nothing is left behind.
+// Exchanges that fail: a message is shown, the log has its line, and nothing is left behind.
 #include "tests/support/files.h"
 #include "tests/support/handle_count.h"
 #include "tests/support/loopback.h"

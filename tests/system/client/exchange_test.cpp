@@ -111,7 +111,7 @@ TEST_F(AnExchange, PutsItsMessageOverTheOwnerWindow) {
     EXPECT_EQ(boxes[0].owner, owner);
 }
 
-// The client sees the connection end although nobody has answered the message yet: it is free for
+// The client sees the connection end before the message is answered: it is free for
 // the next request.
 TEST_F(AnExchange, EndsTheConnectionBeforeItsMessageIsAnswered) {
     ClientProcess client(L"--requests 1 --reply-code 10001");
@@ -141,7 +141,7 @@ TEST_F(AnExchange, LeavesNoHandleBehindAfterTwoHundred) {
     postMany(5); // loads what stays loaded
     const std::size_t before = CountOpenHandles();
     postMany(200);
-    // A handle lost in each exchange makes hundreds; the system opens one or two of its own late.
+    // A handle lost in each exchange makes hundreds; the system opens one or two late.
     EXPECT_LT(CountOpenHandles(), before + 20);
 }
 

@@ -19,7 +19,7 @@ public:
     BareHost host;
 };
 
-// Runs `work` on a thread of its own while this thread's messages are served; false when it did not
+// Runs `work` on a new thread while this thread's messages are served; false when it did not
 // end by the deadline (the thread is then waited for, and the test program's deadline ends it).
 template<class Work>
 bool OnOtherThread(Work work) {

@@ -1,4 +1,4 @@
-// The host's functions run on its main thread, whoever asks.
+// The host's functions run on its main thread, on whichever thread they are called.
 #include "tests/system/door/open_door.h"
 
 #include "host/host.h"
@@ -51,7 +51,7 @@ TEST(OpenedDoor, ServesManyThreadsAtOnce) {
     EXPECT_THAT(door.host.threads, Each(::GetCurrentThreadId()));
 }
 
-// A modal dialog has a message loop of its own, which serves the door too.
+// A modal dialog's message loop serves the door, too.
 TEST(OpenedDoor, WorksWhileAMessageBoxIsOpen) {
     OpenDoor door;
     std::thread thread([] {

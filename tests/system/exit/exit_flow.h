@@ -1,4 +1,4 @@
-// One person who closes the host while a submission runs.
+// A user who closes the host while a submission runs.
 #pragma once
 
 #include "tests/system/flow/flow.h"

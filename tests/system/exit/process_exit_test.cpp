@@ -81,9 +81,9 @@ TEST_F(ProcessExit, KilledHardTakesTheArchiverAlong) {
     EXPECT_FALSE(logHas(L"rud_data", "The submission ended"));
 }
 
-// Somebody has to answer the message; nobody does.
+// The message waits for an answer and gets none.
 TEST_F(ProcessExit, GoesOnWithoutASubmissionThatDoesNotEnd) {
-    ASSERT_NO_FATAL_FAILURE(start(4000)); // nobody listens: the client cannot be reached
+    ASSERT_NO_FATAL_FAILURE(start(4000)); // without a listener the client cannot be reached
     process_->waitForWindowWith(kMessageText);
     process_->close();
     HWND window = process_->waitForWindowWith(IDC_EXIT_END);

@@ -22,7 +22,7 @@ BOOL WINAPI TakeReason(HWND, LPCWSTR reason) {
 
 class SessionEnd : public ExitFlow {
 protected:
-    // What Windows asks, and tells, every top-level window of the process.
+    // The messages that Windows sends to every top-level window of the process.
     static bool everybodyAgrees() {
         bool agrees = true;
         ::EnumWindows(
@@ -51,7 +51,7 @@ TEST_F(SessionEnd, IsHeldUpWhileASubmissionRuns) {
     EXPECT_TRUE(everybodyAgrees()) << "nothing runs yet";
     submit();
     EXPECT_FALSE(everybodyAgrees());
-    tellGuard(WM_ENDSESSION, FALSE); // somebody refused: all goes on
+    tellGuard(WM_ENDSESSION, FALSE); // another program has refused the shutdown
     EXPECT_EQ(message(), text(IDS_REPLY_ACCEPTED));
     EXPECT_EQ(result(), 0);
     EXPECT_TRUE(dialogCloses());

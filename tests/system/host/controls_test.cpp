@@ -1,5 +1,5 @@
 // The host's spinners, edits and tooltips as a user meets them in a dialog: the mouse, the
-// keyboard, and what the dialog is told. They are set up through the plug-in's own door to the
+// keyboard, and the messages to the dialog. They are set up through the plug-in's own door to the
 // host.
 #include "host/host_api.h"
 #include "tests/system/host/host_under_test.h"

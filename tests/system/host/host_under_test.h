@@ -1,4 +1,4 @@
-// A stand-in host in the test's own process, with a record of what it told.
+// A stand-in host in the process of the test, with a record of its events.
 #pragma once
 
 #include "standin/host/host.h"
@@ -28,7 +28,7 @@ public:
 
     std::vector<std::wstring> menuBar() const { return MenuTexts(GetMenu(host_->window())); }
 
-    // Entries of the pull-down menu with this title; empty when there is none.
+    // Entries of the pull-down menu with this title; empty when it is missing.
     std::vector<std::wstring> menu(const std::wstring& title) const;
 
     // Chooses an entry as a mouse does: by the command that it sends. False when it is not there.

@@ -175,7 +175,7 @@ HWND DialogOver(HWND owner) {
 }
 
 // The dialog fills itself from the report before it is shown, then waits for the user in a message
-// loop of its own, inside the host's menu command.
+// loop, inside the host's menu command.
 TEST_F(HostWithPlugin, OpensItsDialogOverTheWindowAndReadsTheScene) {
     const orv::test::TestProductFolder product;
     product.installScripts();

@@ -68,7 +68,7 @@ int CountWindows() {
     return count;
 }
 
-// What the process has mapped and committed, told by a walk over all of its addresses.
+// The mapped and committed memory of the process, by a walk over all of its addresses.
 void CountMemory(ProcessCounts& counts) {
     MEMORY_BASIC_INFORMATION area = {};
     const void* lastView = nullptr;

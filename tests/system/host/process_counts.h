@@ -9,7 +9,7 @@ struct ProcessCounts {
     int windows = 0;    // top-level windows of this process, hidden ones included
     int threads = 0;
     int mappedViews = 0;    // views of files and of shared memory
-    int privateKib = 0;     // committed memory of its own, in KiB
+    int privateKib = 0;     // committed private memory, in KiB
     int temporaryFiles = 0; // in the folder for temporary files, folders too
 };
 

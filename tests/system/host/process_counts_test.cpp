@@ -12,7 +12,7 @@
 namespace {
 
 TEST(ProcessCounters, SeeHandles) {
-    CountProcess(); // the first call starts the window system, which takes handles of its own
+    CountProcess(); // the first call starts the window system, which takes handles
     const int before = CountProcess().handles;
     std::vector<orv::EventHandle> events;
     for (int i = 0; i < 5; ++i)

@@ -1,5 +1,5 @@
-// A user who presses Submit and changes their mind: every input at every moment of a submission.
-// What was on the screen at Submit is what is sent, or nothing is sent and the user is told.
+// Input at every moment of a submission, of a user who has pressed Submit and changes their mind.
+// What was on the screen at Submit is sent, or nothing is sent and a message says so.
 #include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "config/remembered_settings.h"

@@ -8,7 +8,7 @@
 namespace orv {
 namespace test {
 
-// The visible dialog of process `process` that has control `control`, null when there is none.
+// The visible dialog of process `process` that has control `control`, null when it is missing.
 HWND FindDialogOf(DWORD process, int control);
 
 // Presses and releases a key in a window that need not have the focus.

@@ -1,4 +1,4 @@
-// When something in the scene cannot be read, that costs its own part of the report, no more.
+// A part of the scene that cannot be read costs only its part of the report.
 #include "standin/host/text.h"
 #include "tests/support/files.h"
 #include "tests/system/scripts/scenes.h"
@@ -29,7 +29,7 @@ class FailingProbes : public ::testing::TestWithParam<Failing> {};
 
 TEST_P(FailingProbes, CostTheirOwnPartOfTheReport) {
     SceneUnderTest scene(Scene(), L"shot.max");
-    // A host without this global: whoever reads it meets an error.
+    // A host without this global: reading it is an error.
     ASSERT_TRUE(scene.run(L"1").ok);
     scene.breakGlobal(GetParam().global);
     const Json::Value report = orv::test::ParsedJson(scene.analyse());

@@ -1,4 +1,4 @@
-// A scene of 5,000 objects and 3,000 assets. Its time is told, not judged.
+// A scene of 5,000 objects and 3,000 assets. Its time is printed, not judged.
 #include "tests/system/scripts/scenes.h"
 
 #include "base/windows.h"

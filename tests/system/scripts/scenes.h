@@ -19,7 +19,7 @@ public:
     // that the host refuses.
     SceneUnderTest(const Json::Value& description, const std::wstring& file);
 
-    // Runs the two lines that the plug-in runs; the report as text, empty when there is none.
+    // Runs the two lines that the plug-in runs; the report as text, empty without a report.
     std::string analyse();
 
     // Loads the three cleaning scripts in the plug-in's order.
@@ -31,7 +31,7 @@ public:
 
     standin::ScriptOutcome run(const std::wstring& text) { return runner_.run(text); }
 
-    // Makes a variable of the host fail for whoever reads it.
+    // Makes every read of a variable of the host fail.
     void breakGlobal(const std::wstring& name);
 
     Json::Value description() const; // as it would be saved
@@ -43,7 +43,7 @@ public:
     const TestProductFolder product;
     const TemporaryFolder folder{L"\u573A\u666F \u0441\u0446\u0435\u043D\u0430"};
     standin::Scene scene;
-    std::wstring listener; // what scripts told
+    std::wstring listener; // what scripts printed
 
 private:
     standin::MaxscriptRunner runner_;

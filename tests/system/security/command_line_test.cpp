@@ -71,7 +71,7 @@ TEST_F(CommandLine, HoldsWhateverFolderTheClientNames) {
         EXPECT_TRUE(pack(folder_.file(L"room.max"), folder)) << name;
         kept += FolderPart(Utf8ToWide(paths_.archivePath)) == paths_.compressDir + L"/" ? 1 : 0;
     }
-    EXPECT_GT(kept, 90); // all that are no full path of a folder that can be had
+    EXPECT_GT(kept, 90); // all but the full paths of possible folders
     EXPECT_TRUE(pack(folder_.file(L"room.max"), folder_.file(L"named by the client")));
     EXPECT_EQ(FolderPart(Utf8ToWide(paths_.archivePath)),
               folder_.file(L"named by the client") + L"/");

@@ -120,7 +120,7 @@ TEST_F(Soak, HoldsAtItsEndWhatItHeldAfterTheFirstTen) {
     EXPECT_LE(after.handles, before.handles + kTolerance);
     EXPECT_LE(after.gdiObjects, before.gdiObjects + kTolerance);
     EXPECT_LE(after.threads, before.threads + 1);
-    // A thread that is about to end has two hidden windows of its own, or has them no more.
+    // A thread that is about to end has two hidden windows or has destroyed them.
     EXPECT_LE(after.windows, before.windows + 2);
     expectNothingLostOrLeft({L"room..max"});
 }

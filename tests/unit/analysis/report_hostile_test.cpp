@@ -1,5 +1,5 @@
 // Reports that no parser script would write: huge, deep, damaged, or made to do harm. Each is read
-// on a thread with a stack of one megabyte, which is what a program has that asks for no more.
+// on a thread with a stack of one megabyte, the default of a program.
 #include "analysis/report_json.h"
 #include "analysis/report_reader.h"
 #include "analysis/text/text_convert.h"

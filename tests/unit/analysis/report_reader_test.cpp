@@ -259,7 +259,7 @@ TEST_F(ReportReader, ListsProblemFilesInThreeBlocks) {
                             same + L"s2"));
 }
 
-// All that a report can set off, in a report of its own making: each step leaves its message, its
+// A report that sets off everything: each step leaves its message, its
 // advice and its problem files behind those of the step before.
 Json::Value ReportOfEverything() {
     Json::Value report = ParseJson(R"({

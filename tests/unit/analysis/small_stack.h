@@ -5,7 +5,7 @@
 namespace orv {
 namespace test {
 
-// Runs `work` on a thread of its own with a stack of one megabyte and waits for it. An exception
+// Runs `work` on a new thread with a stack of one megabyte and waits for it. An exception
 // that leaves `work` ends the test program.
 void RunOnSmallStack(const std::function<void()>& work);
 

@@ -185,7 +185,7 @@ TEST_F(RememberedSettings, AreLostInAFileThatCannotBeWritten) {
     const std::string before = ReadFileBytes(file);
     const FileHandle reader(::CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                                           OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    ASSERT_TRUE(static_cast<bool>(reader)); // nobody may write meanwhile
+    ASSERT_TRUE(static_cast<bool>(reader)); // denies writing meanwhile
     tick(IDC_REMEMBER);
     tick(IDC_PSD_CHANNEL);
     saveRememberedSettings(dialog_);

@@ -1,4 +1,4 @@
-// The host's headers in use put every virtual function at the entry that host/abi_facts.h tells,
+// The host's headers in use put every virtual function at the entry that host/abi_facts.h states,
 // and agree with it in what else no compiler asserts.
 #include "host/abi_facts.h"
 #include "host/abi_slots.h"

@@ -194,7 +194,7 @@ TEST_F(LogRotation, DoesNotRenameAFileWithALongerName) {
     EXPECT_EQ(files().size(), 2U);
 }
 
-// A person who looks at the log while the product writes: between two looks the file is free,
+// Another program reads the log while the product writes: between two looks the file is free,
 // during them it is held. Lines have numbers, so that a lost one shows.
 TEST_F(LogRotation, OverAHundredMegabytesKeepsItsLimitsWhileAnotherReads) {
     constexpr std::size_t kLine = 20000;

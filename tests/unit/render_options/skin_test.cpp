@@ -77,7 +77,7 @@ TEST(SkinImage, IsEmptyWithoutItsResourceAndAfterADamagedOne) {
     EXPECT_FALSE(image);
     ASSERT_TRUE(image.load(orv_resource_module(), IDP_PADLOCK_OPEN, L"PNG"));
     EXPECT_TRUE(image);
-    // The bytes of a dialog are no picture.
+    // The bytes of a dialog template are not an image.
     EXPECT_FALSE(image.load(orv_resource_module(), IDD_MAIN, MAKEINTRESOURCEW(5)));
     EXPECT_FALSE(image);
     EXPECT_EQ(image.firstRow(), nullptr);
@@ -213,7 +213,7 @@ TEST(Padlocks, LeaveNothingBehindAfterAHundredOpenings) {
     for (int opening = 0; opening < 100; ++opening)
         ASSERT_NO_FATAL_FAILURE(open());
     const ProcessCounts after = CountProcess();
-    // The system keeps a few of its own; a leak of one an opening would be a hundred.
+    // The system keeps a few objects; a leak of one for each opening would be a hundred.
     EXPECT_LE(after.gdiObjects, before.gdiObjects + 10) << "before: " << before;
     EXPECT_LE(after.handles, before.handles + 10) << "after: " << after;
     EXPECT_LE(after.threads, before.threads + 1);

@@ -114,7 +114,7 @@ TEST(OutputName, IsJudgedByLengthThenByCharacters) {
 TEST(OuterBlankOf, LooksAtTheFrontFirst) {
     EXPECT_EQ(OuterBlankOf(L""), OuterBlank::None);
     EXPECT_EQ(OuterBlankOf(L"a b"), OuterBlank::None);
-    EXPECT_EQ(OuterBlankOf(L"\ta\t"), OuterBlank::None); // tabs are no blanks
+    EXPECT_EQ(OuterBlankOf(L"\ta\t"), OuterBlank::None); // tabs do not count as blanks
     EXPECT_EQ(OuterBlankOf(L" a"), OuterBlank::Front);
     EXPECT_EQ(OuterBlankOf(L"a "), OuterBlank::Back);
     EXPECT_EQ(OuterBlankOf(L" a "), OuterBlank::Front);

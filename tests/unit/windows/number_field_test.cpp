@@ -79,7 +79,7 @@ TEST(ClampDecimal, LeavesAnEmptyFieldAloneWhereZeroIsAllowed) {
     EXPECT_EQ(ClampDecimal(L"00", range), L"0.000");
 }
 
-// What it answers is left alone when it is asked again: an edit that is written to tells of that.
+// The rules keep their own result: writing to an edit sends another notification.
 TEST(DecimalRules, SettleAfterOnce) {
     const DecimalRange range = {0.0, 239.0};
     for (const wchar_t* typed : {L"1a", L"00", L"05", L"999", L"12.3456", L"", L"0.00", L"-5"}) {
