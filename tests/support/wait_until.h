@@ -7,8 +7,8 @@
 namespace orv {
 namespace test {
 
-// Long enough for a machine that compiles meanwhile; a condition that comes true costs only
-// it takes.
+// Long enough for a machine that compiles meanwhile; a condition that comes true costs only the
+// time it takes.
 constexpr std::chrono::milliseconds kDeadline{30000};
 
 // Asks `condition` every few milliseconds until it is true or the deadline has passed; returns its
