@@ -1,8 +1,8 @@
-// The table of endings: what is arranged around a submission, what the user and the log are told,
-// how it is mended.
+// The endings of a submission through the whole flow: what is arranged around it, and how that is
+// mended. What is expected stands in the table.
 #pragma once
 
-#include "resources/texts.h"
+#include "tests/support/submission_ending.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/system/flow/flow.h"
 
@@ -13,11 +13,11 @@ namespace test {
 
 class EndingTest;
 
-// One row. Steps are optional.
-struct Ending {
+// How the row of that name is brought about. Steps are optional.
+struct Arrangement {
     using Step = std::function<void(EndingTest&)>;
 
-    explicit Ending(const char* its) : name(its) {}
+    explicit Arrangement(const char* its) : name(its) {}
 
     const char* name;
     Step before;                      // the host starts
@@ -26,27 +26,27 @@ struct Ending {
     std::wstring sceneName = L"room"; // typed
     bool clean = false;               // with "back up and clean" on
 
-    bool silent = false;  // no message comes
-    unsigned textId = 0;  // of the message; 0: the client's own words
-    std::wstring behind;  // what follows that text; of the client's own words, all of them
-    bool anyCode = false; // a number that the system chooses follows the text instead
-    unsigned captionId = IDS_CAPTION;
-    int button = IDOK; // that answers the message
-    int result = 0;
-    bool closesDialog = false;
-    const wchar_t* logName = L"rud_data";
-    const char* logLine = "";
-    const char* httpLine = ""; // in the log of the exchange, too
-
     Step mend;                // before the second submission
     bool submitsAgain = true; // false for rows whose cause cannot be mended in the same host
 };
 
-void PrintTo(const Ending& ending, std::ostream* stream);
+struct ArrangedEnding {
+    SubmissionEnding row;
+    Arrangement how;
+};
+
+void PrintTo(const ArrangedEnding& ending, std::ostream* stream);
+
+// The rows of that cause with what brings them about. A row without it fails ExpectAllArranged.
+std::vector<ArrangedEnding> Arranged(EndingCause cause, const std::vector<Arrangement>& how);
+void ExpectAllArranged(EndingCause cause, const std::vector<Arrangement>& how);
+
+// The name of a test of the table: its row's.
+std::string NameOfEnding(const ::testing::TestParamInfo<ArrangedEnding>& info);
 
 // The course of a row: the submission ends as the row says, nothing is lost or left behind, and
 // once the cause is mended the next submission succeeds in the same host.
-class EndingTest : public SubmissionFlow, public ::testing::WithParamInterface<Ending> {
+class EndingTest : public SubmissionFlow, public ::testing::WithParamInterface<ArrangedEnding> {
 public:
     using SubmissionFlow::archives;
     using SubmissionFlow::client_;
@@ -65,6 +65,8 @@ public:
     // What a step holds open until the cause is mended.
     FileHandle held;
     bool ticksACamera = true;
+    // The scene whose path follows the message.
+    std::wstring sceneInMessage;
 
 protected:
     void run();
@@ -72,7 +74,10 @@ protected:
 private:
     void begin();
     void readMessage();
+    void expectLeft();
 
+    const SubmissionEnding& row_ = GetParam().row;
+    const Arrangement& how_ = GetParam().how;
     TemporaryFolder replies_;
 };
 

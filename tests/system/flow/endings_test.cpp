@@ -1,8 +1,7 @@
 // Submissions that end for what was chosen, for the scene's name and folder, or for what the client
 // says.
-#include "analysis/text/text_convert.h"
+#include "analysis/text/paths.h"
 #include "resources/controls.h"
-#include "resources/texts.h"
 #include "tests/system/flow/ending.h"
 #include "tests/system/flow/import_patch.h"
 
@@ -17,135 +16,122 @@ HRESULT WINAPI NoGuid(GUID*) {
 }
 
 // What was chosen, and the scene's own name, stay as they are in the same host.
-Ending Row(const char* name) {
-    Ending ending(name);
-    ending.submitsAgain = false;
-    return ending;
+Arrangement Unmended(const char* name) {
+    Arrangement how(name);
+    how.submitsAgain = false;
+    return how;
 }
 
-Ending UnusableCameraName() {
-    Ending row = Row("UnusableCameraName");
-    row.before = [](EndingTest& flow) {
+Arrangement Typed(const char* name, const std::wstring& sceneName) {
+    Arrangement how = Unmended(name);
+    how.sceneName = sceneName;
+    return how;
+}
+
+Arrangement UnusableCameraName() {
+    Arrangement how = Unmended("UnusableCameraName");
+    how.before = [](EndingTest& flow) {
         flow.host_.scene["cameras"] = Json::Value(Json::arrayValue);
         flow.host_.scene["cameras"].append("50%");
     };
-    row.textId = IDS_CAMERA_NAMES_UNUSABLE;
-    row.result = -1;
-    row.logName = L"rud_ui";
-    row.logLine = "[ERROR] The camera names to render contain invalid characters or empty!";
-    return row;
+    return how;
 }
 
-Ending NoCameraAndCancel() {
-    Ending row = Row("NoCameraAndCancel");
-    row.before = [](EndingTest& flow) { flow.ticksACamera = false; };
-    row.textId = IDS_NO_CAMERA_TICKED;
-    row.button = IDCANCEL;
-    row.result = -1;
-    row.logName = L"rud_ui";
-    row.logLine = "[ERROR] No camera checked!";
-    return row;
+Arrangement NoCameraAndCancel() {
+    Arrangement how = Unmended("NoCameraAndCancel");
+    how.before = [](EndingTest& flow) { flow.ticksACamera = false; };
+    return how;
 }
 
-Ending CoronaWithoutLimits() {
-    Ending row = Row("CoronaWithoutLimits");
-    row.before = [](EndingTest& flow) {
+Arrangement CoronaWithoutLimits() {
+    Arrangement how = Unmended("CoronaWithoutLimits");
+    how.before = [](EndingTest& flow) {
         Json::Value& renderer = flow.host_.scene["renderer"];
         renderer["name"] = "CoronaRenderer";
         renderer["properties"]["adaptivity_targetError"] = 0.0;
         for (const char* limit : {"progressive_passLimit", "progressive_timeLimit"})
             renderer["properties"][limit] = 0;
     };
-    row.textId = IDS_CORONA_WITHOUT_LIMITS;
-    row.captionId = IDS_CAPTION_CHECK;
-    row.result = -1;
-    row.logLine = "[ERROR] Corona has no limits, the submission is stopped.";
-    return row;
+    return how;
 }
 
-Ending UnusableSceneName(const char* name, const wchar_t* typed) {
-    Ending row = Row(name);
-    row.sceneName = typed;
-    row.textId = IDS_SCENE_NAME_UNUSABLE;
-    row.closesDialog = true;
-    row.result = -1;
-    row.logLine = "[ERROR] Submission: the scene's name cannot be used.";
-    return row;
+Arrangement RefusedSave() {
+    Arrangement how = Typed("RefusedSave", L"another name"); // under its own it is not saved
+    how.before = [](EndingTest& flow) { flow.host_.scene["refuse_save"] = true; };
+    return how;
 }
 
-Ending RefusedSave() {
-    Ending row = Row("RefusedSave");
-    row.before = [](EndingTest& flow) { flow.host_.scene["refuse_save"] = true; };
-    row.sceneName = L"another name"; // under its own name the scene is not saved
-    row.textId = IDS_SCENE_NOT_SAVED;
-    row.logLine = "[ERROR] Save scene to ";
-    return row;
+Arrangement AnotherSceneKept() {
+    Arrangement how("AnotherSceneKept");
+    how.sceneName = L"other";
+    how.arrange = [](EndingTest& flow) {
+        flow.sceneInMessage = FolderPart(flow.scenePath()) + L"other.max";
+        WriteFileBytes(flow.sceneInMessage, "another scene");
+    };
+    how.mend = [](EndingTest& flow) {
+        EXPECT_EQ(ReadFileBytes(flow.sceneInMessage), "another scene");
+        DeleteTree(flow.sceneInMessage);
+        Type(flow.dialog_, IDC_SCENE_NAME, L"room");
+    };
+    return how;
 }
 
-Ending NameOfAnotherPlace(const char* name, const wchar_t* typed) {
-    Ending row = Row(name);
-    row.sceneName = typed;
-    row.textId = IDS_SCENE_NOT_SAVED;
-    row.logLine = "[ERROR] Save scene: the name is no file's: ";
-    return row;
-}
-
-Ending NoGuidToBeHad() {
-    Ending row = Row("NoGuid");
+Arrangement NoGuidToBeHad() {
+    Arrangement how("NoGuid");
     const auto patch = std::make_shared<std::unique_ptr<ImportPatch>>();
-    row.arrange = [patch](EndingTest&) {
+    how.arrange = [patch](EndingTest&) {
         *patch =
             std::make_unique<ImportPatch>(::GetModuleHandleW(L"OrvRendering.gup"), "CoCreateGuid",
                                           reinterpret_cast<ULONGLONG>(&NoGuid));
     };
-    row.mend = [patch](EndingTest&) { patch->reset(); };
-    row.submitsAgain = true;
-    row.silent = true;
-    row.logName = L"rud_http";
-    row.logLine = "[ERROR] The GUID generate failed!";
-    return row;
+    how.mend = [patch](EndingTest&) { patch->reset(); };
+    return how;
 }
 
-Ending SceneWithoutAFolder() {
-    Ending row = Row("SceneWithoutAFolder");
-    row.before = [](EndingTest& flow) { flow.host_.scene["told_path"] = "room.max"; };
-    row.sceneName = L""; // the scene keeps its name, and no folder is needed to save it
-    row.textId = IDS_SCENE_NOT_SAVED;
-    row.logLine = "[ERROR] Submission: the scene has no folder.";
-    return row;
+Arrangement SceneWithoutAFolder() {
+    // The scene keeps its name, and no folder is needed to save it.
+    Arrangement how = Typed("SceneWithoutAFolder", L"");
+    how.before = [](EndingTest& flow) { flow.host_.scene["told_path"] = "room.max"; };
+    return how;
 }
 
-Ending ArchivePathTooLong() {
-    Ending row = Row("ArchivePathTooLong");
-    row.sceneName = std::wstring(110, L'n');
-    row.before = [](EndingTest& flow) { flow.host_.sceneName = std::wstring(110, L'n') + L".max"; };
-    row.textId = IDS_SCENE_NAME_UNUSABLE;
-    row.closesDialog = true;
-    row.result = -1;
-    row.logLine = "[ERROR] Pack scene: the archive's path is too long: ";
-    return row;
+Arrangement ArchivePathTooLong() {
+    Arrangement how = Typed("ArchivePathTooLong", std::wstring(110, L'n'));
+    how.before = [](EndingTest& flow) { flow.host_.sceneName = std::wstring(110, L'n') + L".max"; };
+    return how;
 }
 
-Ending JobFolderThatCannotBeMade() {
-    Ending row = Row("JobFolderThatCannotBeMade");
-    row.before = [](EndingTest& flow) {
+Arrangement JobFolderThatCannotBeMade() {
+    Arrangement how = Unmended("JobFolderThatCannotBeMade");
+    how.before = [](EndingTest& flow) {
         WriteFileBytes(flow.outputFolder() + L"\\json", "a file where the folder should be");
     };
-    row.textId = IDS_JOB_NOT_WRITTEN;
-    row.result = -1;
-    row.logLine = "[ERROR] Open json file failed when write it!";
-    return row;
+    return how;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    OfASubmission, EndingTest,
-    ::testing::Values(UnusableCameraName(), NoCameraAndCancel(), CoronaWithoutLimits(),
-                      UnusableSceneName("SceneNameEndsInAStop", L"room."),
-                      UnusableSceneName("SceneNameEndsInABlank", L"room "), RefusedSave(),
-                      NameOfAnotherPlace("NameOfAStream", L"a:b"),
-                      NameOfAnotherPlace("NameOfADevice", L"con"), NoGuidToBeHad(),
-                      SceneWithoutAFolder(), ArchivePathTooLong(), JobFolderThatCannotBeMade()),
-    [](const auto& row) { return std::string(row.param.name); });
+std::vector<Arrangement> Arrangements() {
+    return {UnusableCameraName(),
+            NoCameraAndCancel(),
+            CoronaWithoutLimits(),
+            Typed("SceneNameEndsInAStop", L"room."),
+            Typed("SceneNameEndsInABlank", L"room "),
+            RefusedSave(),
+            Typed("NameOfAStream", L"a:b"),
+            Typed("NameOfADevice", L"con"),
+            AnotherSceneKept(),
+            NoGuidToBeHad(),
+            SceneWithoutAFolder(),
+            ArchivePathTooLong(),
+            JobFolderThatCannotBeMade()};
+}
+
+TEST(EndingsOfASubmission, AreAllArranged) {
+    ExpectAllArranged(EndingCause::Submission, Arrangements());
+}
+
+INSTANTIATE_TEST_SUITE_P(OfASubmission, EndingTest,
+                         ::testing::ValuesIn(Arranged(EndingCause::Submission, Arrangements())),
+                         NameOfEnding);
 
 } // namespace
 } // namespace test

@@ -252,18 +252,6 @@ TEST_F(SubmitJobTest, KeepsWithinThe32BitsOfAWholeNumber) {
     EXPECT_EQ(corona["CoronaTimeLimit"].asInt(), -2147483647 - 1);
 }
 
-TEST_F(SubmitJobTest, LeavesTheDialogOpenWhenTheClientRefuses) {
-    EXPECT_EQ(submitAnswered(10009), kSubmitEnded);
-    EXPECT_EQ(boxes_.size(), 1U);
-    EXPECT_TRUE(dialog_.isOpen());
-}
-
-TEST_F(SubmitJobTest, SubmitsAlthoughTheArchiverIsMissing) {
-    EXPECT_EQ(submitAnswered(10001), kSubmitEnded);
-    EXPECT_FALSE(PathExists(requestPath("compressPath")));
-    EXPECT_NE(log().find("[ERROR] Pack scene: start of the archiver"), std::string::npos);
-}
-
 } // namespace
 } // namespace test
 } // namespace orv
