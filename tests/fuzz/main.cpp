@@ -2,8 +2,8 @@
 #include "base/windows.h"
 #include "resources/text.h"
 #include "tests/fuzz/targets.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/product_folder.h"
-#include "tests/system/flow/import_patch.h"
 
 #include <atomic>
 #include <chrono>

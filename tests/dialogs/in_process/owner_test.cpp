@@ -6,9 +6,9 @@
 #include "submit/submit_job.h"
 #include "tests/dialogs/dialog_user.h"
 #include "tests/hosts/fake_door.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/wait_until.h"
-#include "tests/system/flow/import_patch.h"
 #include "ui/workers.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // Windows shuts down while a submission runs.
 #include "resources/controls.h"
 #include "resources/texts.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/wait_until.h"
 #include "tests/system/exit/exit_flow.h"
-#include "tests/system/flow/import_patch.h"
 
 #include <mutex>
 

@@ -2,8 +2,8 @@
 // says.
 #include "analysis/text/paths.h"
 #include "resources/controls.h"
+#include "tests/support/import_patch.h"
 #include "tests/system/flow/ending.h"
-#include "tests/system/flow/import_patch.h"
 
 #include <memory>
 

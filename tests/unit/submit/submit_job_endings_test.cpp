@@ -5,9 +5,9 @@
 #include "config/dialog_choices.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/support/submission_ending.h"
-#include "tests/system/flow/import_patch.h"
 #include "tests/unit/submit/reply_server.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-#include "tests/system/flow/import_patch.h"
+#include "tests/support/import_patch.h"
 
 #include <cstring>
 #include <stdexcept>
