@@ -19,6 +19,14 @@ struct Task {
 // Written by the host's thread, read by every thread: only through the functions below.
 LONG volatile hostThread = 0; // known from the first opening on
 void* volatile doorWindow = nullptr;
+LONG volatile callers = 0; // other threads within RunOnHostThread
+
+// Calls that the host's thread is carrying out, one within another. Of that thread alone.
+LONG running = 0;
+
+const DWORD kLookMilliseconds = 5; // between two looks at the callers
+const DWORD kLongestClose =
+    2000; // milliseconds; a thread that was ended within a call never leaves
 
 // A comparison that never exchanges is an atomic reading.
 HWND DoorWindow() {
@@ -48,7 +56,9 @@ LRESULT CALLBACK DoorProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
         return DefWindowProcW(window, message, wParam, lParam);
     Task* task = reinterpret_cast<Task*>(lParam);
     if (DoorWindow() == window) {
+        ++running;
         task->work(task->context);
+        --running;
         task->done = true;
     }
     return 0;
@@ -79,9 +89,16 @@ void orv_host_close(void) {
     if (!window || !OnHostThread())
         return;
     SetDoorWindow(nullptr);
-    // Threads that are waiting already get their refusal before the window goes.
-    MSG message;
-    PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+    // Threads that have seen the window get their refusal before it goes: a message to a window
+    // that is destroyed between the look at it and the sending may wait for good. Those whose calls
+    // are being carried out, one of which may have led here, get their answer afterwards.
+    const DWORD begun = GetTickCount();
+    while (InterlockedCompareExchange(&callers, 0, 0) > running &&
+           GetTickCount() - begun < kLongestClose) {
+        MSG message;
+        PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, kLookMilliseconds, QS_SENDMESSAGE);
+    }
     DestroyWindow(window);
     UnregisterClassW(kWindowClass, OwnModule()); // the library may be unloaded next
 }
@@ -91,9 +108,11 @@ bool RunOnHostThread(void (*work)(void* context), void* context) {
         work(context);
         return true;
     }
+    InterlockedIncrement(&callers); // before the look at the window
     HWND window = DoorWindow();
     Task task = {work, context, false};
     if (window)
         SendMessageW(window, kRunTask, 0, reinterpret_cast<LPARAM>(&task));
+    InterlockedDecrement(&callers);
     return task.done;
 }

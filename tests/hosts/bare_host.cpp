@@ -31,6 +31,8 @@ const wchar_t* Folder(void* context, int which) {
 
 int SaveScene(void* context) {
     Of(context).record(L"save()");
+    if (Of(context).duringSave)
+        Of(context).duringSave();
     return Of(context).saved;
 }
 

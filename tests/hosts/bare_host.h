@@ -5,6 +5,7 @@
 #include "base/noncopyable.h"
 #include "standin/core.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -22,8 +23,9 @@ public:
     std::wstring sceneFileName = L"loft.max";
     std::wstring sceneFilePath = L"C:\\scenes\\loft.max";
     std::wstring folder = L"C:\\host";
-    int saved = 1;        // answer to every saving
-    int scriptAnswer = 1; // answer to every script
+    int saved = 1;                    // answer to every saving
+    std::function<void()> duringSave; // called within every saving, when set
+    int scriptAnswer = 1;             // answer to every script
     standin_value scriptResult = {STANDIN_VALUE_NONE, 0, 0.0, nullptr};
 
     // Every call in order, as "name(arguments)".

@@ -94,7 +94,7 @@ TEST(ClosedDoor, StillServesTheMainThread) {
 // A submission may be waiting for the host in the moment in which the host ends.
 TEST(ClosedDoor, ReleasesThreadsThatWait) {
     BareHost host;
-    for (int i = 0; i < 20; ++i) {
+    for (int i = 0; i < 200; ++i) {
         orv_host_open();
         std::atomic<bool> started{false};
         std::thread thread([&] {
@@ -105,6 +105,15 @@ TEST(ClosedDoor, ReleasesThreadsThatWait) {
         orv_host_close();
         thread.join();
     }
+}
+
+// What a call makes the host do may be its exit.
+TEST(ClosedDoor, CanBeClosedWithinACall) {
+    OpenDoor door;
+    door.host.duringSave = [] { orv_host_close(); };
+    EXPECT_TRUE(OnOtherThread([] { EXPECT_NE(orv_host_save_scene(), 0); }));
+    door.host.duringSave = nullptr;
+    EXPECT_TRUE(OnOtherThread([] { EXPECT_EQ(orv_host_save_scene(), 0); }));
 }
 
 TEST(ClosedDoor, OpensAndClosesAsOftenAsAsked) {
