@@ -39,6 +39,11 @@ std::wstring ReadGeneralSetting(const wchar_t* key) {
     return std::wstring(value.data());
 }
 
+bool WriteGeneralSetting(const wchar_t* key, const std::wstring& value) {
+    return ::WritePrivateProfileStringW(kGeneralSection, key, value.c_str(),
+                                        SettingsFile().c_str()) != FALSE;
+}
+
 bool PathExists(const std::wstring& path) {
     return ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }

@@ -19,6 +19,9 @@ std::wstring SettingsFile();
 // 2047 characters are read.
 std::wstring ReadGeneralSetting(const wchar_t* key);
 
+// Writes one value of that section. False, with the system's last error, when Windows refuses.
+bool WriteGeneralSetting(const wchar_t* key, const std::wstring& value);
+
 // What is on the disk under `path`: a file or folder, a file, a folder. False as well when Windows
 // does not say, such as in a folder that the user may not read.
 bool PathExists(const std::wstring& path);

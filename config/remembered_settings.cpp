@@ -8,7 +8,6 @@
 #include <algorithm>
 
 namespace orv {
-
 namespace {
 
 std::vector<int> IdsOf(RememberedKind kind) {
@@ -66,15 +65,13 @@ std::wstring settingKeyName(int id) {
 
 namespace {
 
-const wchar_t kSection[] = L"general";
-
 std::wstring CurrentValue(const SubmissionChoices& choices, const RememberedControl& control) {
     switch (control.kind) {
     case RememberedKind::CheckBox:
     case RememberedKind::RadioButton:
         return std::to_wstring(choices.boxState(control.id));
     case RememberedKind::DropDownList:
-        return std::to_wstring(RememberedSelection(choices.selection(control.id)));
+        return std::to_wstring(GiScaleEntry(choices.selection(control.id)));
     case RememberedKind::EditField:
         return choices.text(control.id);
     }
@@ -84,12 +81,11 @@ std::wstring CurrentValue(const SubmissionChoices& choices, const RememberedCont
 } // namespace
 
 void saveRememberedSettings(const SubmissionChoices& choices) {
-    const std::wstring file = SettingsFile();
     const bool areRemembered = choices.isChecked(IDC_REMEMBER);
     for (const RememberedControl& control : RememberedControls()) {
         const std::wstring value =
             areRemembered ? CurrentValue(choices, control) : std::wstring(control.defaultValue);
-        ::WritePrivateProfileStringW(kSection, control.key, value.c_str(), file.c_str());
+        WriteGeneralSetting(control.key, value);
     }
 }
 
@@ -107,10 +103,6 @@ std::vector<RememberedValue> ReadRememberedSettings() {
             values.push_back({control, text});
     }
     return values;
-}
-
-int RememberedSelection(std::int32_t selection) {
-    return selection >= 0 && selection < kGiScaleCount ? selection : 0;
 }
 
 } // namespace orv

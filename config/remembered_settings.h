@@ -4,7 +4,6 @@
 #include "base/windows.h"
 #include "config/submission_choices.h"
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -52,9 +51,5 @@ struct RememberedValue {
 // The remembered values of the settings file, in the order of RememberedControls(). Missing keys
 // are left out.
 std::vector<RememberedValue> ReadRememberedSettings();
-
-// The selection to write for a drop-down list: 1, 2 and 3 as they are, 0 for anything else, -1 (no
-// selection) included.
-int RememberedSelection(std::int32_t selection);
 
 } // namespace orv

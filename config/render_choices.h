@@ -22,6 +22,12 @@ constexpr const char* kGiScales[] = {"100%", "50%", "33%", "25%"};
 constexpr std::int32_t kGiScaleCount =
     static_cast<std::int32_t>(sizeof(kGiScales) / sizeof(kGiScales[0]));
 
+// The scale that a selection of that list stands for. None, and one that a settings file invents,
+// counts as the first.
+constexpr std::int32_t GiScaleEntry(std::int32_t selection) {
+    return selection >= 0 && selection < kGiScaleCount ? selection : 0;
+}
+
 // What the fields of the dialog open with, and what the settings file has when nothing is to be
 // remembered. The time limit opens with "0.0" and is kept as kNoLimit; the gamma opens with the
 // scene's.

@@ -17,7 +17,6 @@
 #include <ctime>
 
 namespace orv {
-
 namespace {
 
 constexpr std::size_t kDigestSize = 16;
@@ -94,7 +93,7 @@ namespace {
 
 constexpr char kAlphabet[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
 constexpr int kAlphabetSize = 62;
-constexpr int kLength = 6;
+constexpr int kRandomLength = 6;
 
 } // namespace
 
@@ -105,7 +104,7 @@ std::string RandomText() {
 std::string RandomTextFromSeed(unsigned seed) {
     std::srand(seed);
     std::string text;
-    for (int i = 0; i < kLength; ++i)
+    for (int i = 0; i < kRandomLength; ++i)
         text += kAlphabet[std::rand() % kAlphabetSize];
     return text;
 }
@@ -118,10 +117,9 @@ constexpr char kSecondDigestSuffix[] = ".7z.orv";
 // the 31st.
 constexpr char kFromFirst[] = "20719364";
 constexpr char kFromSecond[] = "58140732";
-constexpr char kFromBoth[] =
-    "93605182"; // even places from the first digest, odd ones from the second
+constexpr char kFromBoth[] = "93605182"; // even places from the first, odd ones from the second
 
-constexpr std::size_t kDigits = 8;
+constexpr std::size_t kPasswordDigits = 8;
 
 char Picked(const std::string& digest, const char* digits, std::size_t place) {
     return digest[3 * place + static_cast<std::size_t>(digits[place] - '0')];
@@ -135,11 +133,11 @@ std::string ArchivePassword(const std::string& baseName) {
     if (first.empty() || second.empty())
         return {};
     std::string password;
-    for (std::size_t i = 0; i < kDigits; ++i)
+    for (std::size_t i = 0; i < kPasswordDigits; ++i)
         password += Picked(first, kFromFirst, i);
-    for (std::size_t i = 0; i < kDigits; ++i)
+    for (std::size_t i = 0; i < kPasswordDigits; ++i)
         password += Picked(second, kFromSecond, i);
-    for (std::size_t i = 0; i < kDigits; ++i)
+    for (std::size_t i = 0; i < kPasswordDigits; ++i)
         password += Picked(i % 2 == 0 ? first : second, kFromBoth, i);
     return password;
 }
@@ -231,7 +229,6 @@ bool ArchiverProcess::wait(HANDLE endWithoutIt, DWORD& exitCode) {
 }
 
 constexpr char kArchiveExtension[] = ".7z";
-constexpr wchar_t kUnfinishedSuffix[] = L".tmp";
 
 bool Fail(const std::string& reason) {
     WriteLog(LogModule::Data, kError, "Pack scene: " + reason);
@@ -257,7 +254,7 @@ std::string Printable(std::wstring text) {
 }
 
 // The client may name any text. A folder that depends on the host's current one, or that reads like
-// a switch of the archiver, is none for the scene.
+// a switch of the archiver, does not get the scene.
 bool CanTakeArchive(const std::wstring& saveFolder, const std::wstring& fileName) {
     if (IsFullPath(saveFolder) && Joined(saveFolder, fileName).size() <= kLongestPath &&
         EnsureFolder(saveFolder))

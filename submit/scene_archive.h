@@ -8,6 +8,10 @@
 
 namespace orv {
 
+// Behind the path of an archive that was there before, while the archiver rewrites it beside
+// itself.
+constexpr wchar_t kUnfinishedSuffix[] = L".tmp";
+
 // Names the archive of `scenePath` (UTF-8) and prepares 7-Zip's arguments: sets `archivePath` and
 // `archiverArguments` of `paths`. The archive goes to the client's save folder where the session
 // data names one that can be used, else to the job's compress folder; either is made when missing.

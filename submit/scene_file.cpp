@@ -14,7 +14,6 @@
 #include <utility>
 
 namespace orv {
-
 namespace {
 
 // The folder of a scene, empty for a scene without a folder.
@@ -57,7 +56,7 @@ std::string SaveSceneAs(SceneAnalysis& analysis, HWND sceneNameEdit, const std::
     if (!IsPlainFileName(name)) {
         // Windows takes "a:b.max" for a stream behind file "a" and "con.max" for a device: the
         // scene would be written to where nobody finds it.
-        WriteLog(LogModule::Data, kError, "Save scene: the name is no file's: " + wanted);
+        WriteLog(LogModule::Data, kError, "Save scene: no file can have this name: " + wanted);
         return {};
     }
     const std::wstring path = folder + name;

@@ -28,7 +28,6 @@
 #include <utility>
 
 namespace orv {
-
 namespace {
 
 constexpr wchar_t kClientAddress[] = L"127.0.0.1";
@@ -37,11 +36,6 @@ constexpr wchar_t kOutputFolderSuffix[] = L"_plugin_output";
 // Time for virus scanners and the file system to release the new archive before the client reads
 // it.
 constexpr DWORD kArchiveSettleMilliseconds = 1000;
-
-// No selection counts as the first.
-const char* GiScaleText(std::int32_t selection) {
-    return kGiScales[selection >= 0 && selection < kGiScaleCount ? selection : 0];
-}
 
 // One submission. The steps that can end it return false and have set `result_` by then.
 class Submission {
@@ -295,7 +289,7 @@ void Submission::preparePaths() {
     data_.loadClientInfo(paths_);
     paths_.scenePath = scenePath_;
     const std::int32_t selection = choices_.selection(IDC_GI_SCALE);
-    paths_.giScaleText = GiScaleText(selection);
+    paths_.giScaleText = kGiScales[GiScaleEntry(selection)];
     paths_.giScaleIndex = selection;
     paths_.ip = kClientAddress;
 }

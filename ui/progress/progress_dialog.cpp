@@ -5,6 +5,7 @@
 #include "resources/controls.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
+#include "submit/scene_archive.h"
 #include "windows/controls.h"
 #include "windows/measures.h"
 
@@ -19,7 +20,6 @@ constexpr UINT kPollMilliseconds = 30;
 constexpr std::uint64_t kLinesMilliseconds = 250; // nobody reads faster
 
 // The archiver writes the archive under a name of its own until it is whole.
-constexpr wchar_t kUnfinishedSuffix[] = L".tmp";
 
 void Replace(std::wstring& text, const std::wstring& mark, const std::wstring& value) {
     const std::size_t at = text.find(mark);

@@ -3,6 +3,7 @@
 #include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "config/remembered_settings.h"
+#include "config/render_choices.h"
 #include "resources/controls.h"
 #include "resources/texts.h"
 #include "tests/dialogs/dialog_user.h"
@@ -156,7 +157,7 @@ Settings SettingsOnScreen(HWND dialog) {
         else if (control.kind == RememberedKind::EditField)
             value = TextOfControl(dialog, control.id);
         else if (control.kind == RememberedKind::DropDownList)
-            value = std::to_wstring(RememberedSelection(static_cast<std::int32_t>(
+            value = std::to_wstring(GiScaleEntry(static_cast<std::int32_t>(
                 ::SendDlgItemMessageW(dialog, control.id, CB_GETCURSEL, 0, 0))));
         else
             value = IsTicked(dialog, control.id) ? L"1" : L"0";

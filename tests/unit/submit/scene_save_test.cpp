@@ -115,8 +115,9 @@ TEST_F(SceneSave, RefusesANameThatIsNoPlainFiles) {
         EXPECT_EQ(analysis_.recordedSceneName, "") << name;
     }
     EXPECT_THAT(host_.savedPaths(), IsEmpty());
-    EXPECT_NE(product_.log(L"rud_data").find("[ERROR] Save scene: the name is no file's: a:b.max"),
-              std::string::npos);
+    EXPECT_NE(
+        product_.log(L"rud_data").find("[ERROR] Save scene: no file can have this name: a:b.max"),
+        std::string::npos);
 }
 
 TEST_F(SceneSave, RefusesAPathThatWindowsCannotTake) {
