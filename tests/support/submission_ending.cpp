@@ -1,7 +1,10 @@
 #include "tests/support/submission_ending.h"
 
+#include "analysis/text/text_convert.h"
 #include "base/windows.h"
 #include "resources/texts.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <iterator>
@@ -90,7 +93,7 @@ SubmissionEnding Unsaved(const char* name, const char* logLine) {
 
 // A name that Windows would take for something else than a file beside the scene.
 SubmissionEnding MisleadingName(const char* name) {
-    return Unsaved(name, "[ERROR] Save scene: the name is no file's: ");
+    return Unsaved(name, "[ERROR] Save scene: no file can have this name: ");
 }
 
 SubmissionEnding AnotherSceneKept() {
@@ -351,6 +354,34 @@ std::vector<SubmissionEnding> FlowEndings(EndingCause cause) {
     return RowsThat([cause](const SubmissionEnding& row) {
         return row.cause == cause && row.level != EndingLevel::Sequence;
     });
+}
+
+bool LeavesArchive(const SubmissionEnding& ending) {
+    return ending.left == Left::Archive || ending.left == Left::ArchiveAndJob;
+}
+
+bool LeavesJob(const SubmissionEnding& ending) {
+    return ending.left == Left::Job || ending.left == Left::ArchiveAndJob;
+}
+
+void ExpectMessage(const SubmissionEnding& ending, const SeenMessageBox& box,
+                   const MessageSetting& setting) {
+    EXPECT_EQ(box.caption,
+              ending.captionId != 0 ? setting.text(ending.captionId) : setting.caption);
+    EXPECT_EQ(box.owner, ending.isOwned ? setting.dialog : nullptr);
+    EXPECT_EQ(box.buttons, ending.buttons);
+    EXPECT_EQ(box.answer, ending.button);
+    if (ending.textId == 0 && ending.behind.empty()) {
+        EXPECT_NE(box.text, setting.text(IDS_REPLY_ACCEPTED));
+        return;
+    }
+    const std::wstring own = ending.textId != 0 ? setting.text(ending.textId) : std::wstring();
+    const std::wstring wanted = own + ending.behind + setting.scene;
+    if (ending.isOpen && setting.scene.empty()) {
+        EXPECT_EQ(box.text.find(wanted), 0U) << WideToUtf8(box.text);
+    } else {
+        EXPECT_EQ(box.text, wanted);
+    }
 }
 
 } // namespace test

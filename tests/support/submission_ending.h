@@ -3,6 +3,10 @@
 // about, each in its own way, and check the same.
 #pragma once
 
+#include "tests/support/message_box_watcher.h"
+
+#include <algorithm>
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -54,6 +58,21 @@ struct SubmissionEnding {
 
 void PrintTo(const SubmissionEnding& ending, std::ostream* stream);
 
+bool LeavesArchive(const SubmissionEnding& ending);
+bool LeavesJob(const SubmissionEnding& ending);
+
+// Around a message: what it may belong to, and where its texts come from.
+struct MessageSetting {
+    HWND dialog = nullptr;
+    std::wstring caption; // where the row names no other
+    std::function<std::wstring(unsigned)> text;
+    std::wstring scene; // whose path follows the message
+};
+
+// The message is the row's, to the letter.
+void ExpectMessage(const SubmissionEnding& ending, const SeenMessageBox& box,
+                   const MessageSetting& setting);
+
 const std::vector<SubmissionEnding>& SubmissionEndings();
 
 // The rows that the sequence's test runs.
@@ -68,6 +87,14 @@ std::vector<std::string> NamesOf(const std::vector<Named>& all) {
     for (const Named& named : all)
         names.push_back(named.name);
     return names;
+}
+
+// The one of that name; null when there is none.
+template<class Named>
+const Named* FindNamed(const std::vector<Named>& all, const std::string& name) {
+    const auto found = std::find_if(all.begin(), all.end(),
+                                    [&name](const Named& one) { return one.name == name; });
+    return found == all.end() ? nullptr : &*found;
 }
 
 } // namespace test

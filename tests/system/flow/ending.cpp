@@ -1,12 +1,9 @@
 #include "tests/system/flow/ending.h"
 
-#include "analysis/text/text_convert.h"
 #include "resources/controls.h"
 #include "resources/texts.h"
 
 #include <gmock/gmock.h>
-
-#include <algorithm>
 
 namespace orv {
 namespace test {
@@ -18,11 +15,7 @@ void PrintTo(const ArrangedEnding& ending, std::ostream* stream) {
 std::vector<ArrangedEnding> Arranged(EndingCause cause, const std::vector<Arrangement>& how) {
     std::vector<ArrangedEnding> arranged;
     for (const SubmissionEnding& row : FlowEndings(cause)) {
-        const auto found =
-            std::find_if(how.begin(), how.end(), [&row](const Arrangement& arrangement) {
-                return std::string(arrangement.name) == row.name;
-            });
-        if (found != how.end())
+        if (const Arrangement* found = FindNamed(how, row.name))
             arranged.push_back({row, *found});
     }
     return arranged;
@@ -60,28 +53,13 @@ void EndingTest::begin() {
 
 void EndingTest::readMessage() {
     const MessageSeen message = answer(row_.button);
-    EXPECT_EQ(message.caption, text(row_.captionId != 0 ? row_.captionId : IDS_CAPTION));
-    EXPECT_EQ(message.owner, row_.isOwned ? dialog_ : nullptr);
-    EXPECT_EQ(message.buttons, row_.buttons);
     EXPECT_TRUE(message.isAlone) << "the progress window stands beside the message";
-    if (row_.textId == 0 && row_.behind.empty()) {
-        EXPECT_NE(message.text, text(IDS_REPLY_ACCEPTED));
-        return;
-    }
-    const std::wstring wanted =
-        (row_.textId != 0 ? text(row_.textId) : std::wstring()) + row_.behind + sceneInMessage;
-    if (row_.isOpen && sceneInMessage.empty()) {
-        EXPECT_EQ(message.text.find(wanted), 0U) << WideToUtf8(message.text);
-    } else {
-        EXPECT_EQ(message.text, wanted);
-    }
+    ExpectMessage(row_, message, {dialog_, text(IDS_CAPTION), &EndingTest::text, sceneInMessage});
 }
 
 void EndingTest::expectLeft() {
-    const bool archive = row_.left == Left::Archive || row_.left == Left::ArchiveAndJob;
-    const bool job = row_.left == Left::Job || row_.left == Left::ArchiveAndJob;
-    EXPECT_EQ(archives().size(), archive ? 1U : 0U);
-    EXPECT_EQ(jobFiles().size(), job ? 1U : 0U);
+    EXPECT_EQ(archives().size(), LeavesArchive(row_) ? 1U : 0U);
+    EXPECT_EQ(jobFiles().size(), LeavesJob(row_) ? 1U : 0U);
     EXPECT_EQ(PathExists(outputFolder()), row_.left != Left::Nothing);
 }
 

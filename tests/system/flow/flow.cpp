@@ -14,6 +14,7 @@
 #include <tlhelp32.h>
 
 #include <algorithm>
+#include <iostream>
 #include <random>
 
 namespace orv {
@@ -76,6 +77,10 @@ SubmissionFlow::~SubmissionFlow() {
     // A test that failed half-way may have left a box: the submission has to end before the next.
     while (HWND box = FindDialogWith(kMessageText))
         ::SendMessageW(box, WM_COMMAND, IDOK, 0);
+    if (!HasFailure())
+        return;
+    for (const wchar_t* name : {L"rud_data", L"rud_http", L"rud_plugin"})
+        std::cout << "Log " << WideToUtf8(name) << ":\n" << log(name) << '\n';
 }
 
 void SubmissionFlow::startClient(const std::wstring& arguments) {
@@ -134,6 +139,7 @@ MessageSeen SubmissionFlow::answer(int button) {
     seen.isAlone = FindDialogWith(IDC_PROGRESS_BAR) == nullptr;
     EXPECT_FALSE(::IsWindowVisible(dialog_) && ::IsWindowEnabled(dialog_))
         << "the dialog can be used under the message";
+    seen.answer = button;
     ::PostMessageW(box, WM_COMMAND, static_cast<WPARAM>(button), 0);
     EXPECT_TRUE(WaitUntil([box] { return !::IsWindow(box); }));
     return seen;

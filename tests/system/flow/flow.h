@@ -4,6 +4,7 @@
 #include "tests/dialogs/dialog_user.h"
 #include "tests/hosts/host_in_process.h"
 #include "tests/support/files.h"
+#include "tests/support/message_box_watcher.h"
 #include "tests/system/client/client_process.h"
 #include "tests/unit/submit/archiver.h"
 
@@ -17,11 +18,7 @@ namespace orv {
 namespace test {
 
 // A message box of the plug-in, as it was before it was answered.
-struct MessageSeen {
-    std::wstring caption;
-    std::wstring text;
-    std::vector<int> buttons;
-    HWND owner = nullptr;
+struct MessageSeen : SeenMessageBox {
     bool isAlone = false; // the progress window was not on the screen
 };
 

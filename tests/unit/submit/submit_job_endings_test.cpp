@@ -1,7 +1,6 @@
 // Each row of the table of endings, brought about around the sequence alone.
 #include "tests/unit/submit/submission_test.h"
 
-#include "analysis/text/text_convert.h"
 #include "config/dialog_choices.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
@@ -12,7 +11,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <functional>
 #include <memory>
 #include <stdexcept>
@@ -85,11 +83,10 @@ private:
 };
 
 void SubmitJobEnding::arrange() {
-    for (const Arrangement& how : Arrangements()) {
-        if (std::string(how.name) == GetParam().name)
-            return how.arrange(*this);
-    }
-    FAIL() << "nothing brings it about";
+    const std::vector<Arrangement> all = Arrangements();
+    const Arrangement* how = FindNamed(all, GetParam().name);
+    ASSERT_NE(how, nullptr) << "nothing brings it about";
+    how->arrange(*this);
 }
 
 void SubmitJobEnding::expectMessage(const std::vector<SeenMessageBox>& boxes) const {
@@ -97,22 +94,7 @@ void SubmitJobEnding::expectMessage(const std::vector<SeenMessageBox>& boxes) co
     ASSERT_EQ(boxes.size(), row.isSilent ? 0U : 1U);
     if (row.isSilent)
         return;
-    const SeenMessageBox& box = boxes[0];
-    EXPECT_EQ(box.caption, row.captionId != 0 ? ResourceText(row.captionId) : kTestCaption);
-    EXPECT_EQ(box.owner, row.isOwned ? dialog_.handle() : nullptr);
-    EXPECT_EQ(box.buttons, row.buttons);
-    EXPECT_EQ(box.answer, row.button);
-    if (row.textId == 0 && row.behind.empty()) {
-        EXPECT_NE(box.text, ResourceText(IDS_REPLY_ACCEPTED));
-        return;
-    }
-    const std::wstring wanted =
-        (row.textId != 0 ? ResourceText(row.textId) : std::wstring()) + row.behind + sceneInMessage;
-    if (row.isOpen && sceneInMessage.empty()) {
-        EXPECT_EQ(box.text.find(wanted), 0U) << WideToUtf8(box.text);
-    } else {
-        EXPECT_EQ(box.text, wanted);
-    }
+    ExpectMessage(row, boxes[0], {dialog_.handle(), kTestCaption, ResourceText, sceneInMessage});
 }
 
 std::vector<std::wstring> SubmitJobEnding::outputFolders() const {
@@ -134,10 +116,10 @@ std::size_t SubmitJobEnding::countIn(const std::wstring& folder) const {
 }
 
 void SubmitJobEnding::expectLeft() const {
-    const Left left = GetParam().left;
-    EXPECT_EQ(countIn(L"compress"), left == Left::Archive || left == Left::ArchiveAndJob ? 1U : 0U);
-    EXPECT_EQ(countIn(L"json"), left == Left::Job || left == Left::ArchiveAndJob ? 1U : 0U);
-    EXPECT_EQ(outputFolders().size(), left == Left::Nothing ? 0U : 1U);
+    const SubmissionEnding& row = GetParam();
+    EXPECT_EQ(countIn(L"compress"), LeavesArchive(row) ? 1U : 0U);
+    EXPECT_EQ(countIn(L"json"), LeavesJob(row) ? 1U : 0U);
+    EXPECT_EQ(outputFolders().size(), row.left == Left::Nothing ? 0U : 1U);
 }
 
 void SubmitJobEnding::run() {
