@@ -8,7 +8,6 @@
 #include <functional>
 
 namespace orv {
-
 namespace {
 
 constexpr int kLongestRun = 100;

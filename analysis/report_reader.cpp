@@ -12,7 +12,6 @@
 #include <utility>
 
 namespace orv {
-
 namespace {
 
 void BeginRead(SceneAnalysis& analysis) {

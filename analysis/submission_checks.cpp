@@ -9,7 +9,6 @@
 #include <cmath>
 
 namespace orv {
-
 namespace {
 
 bool HasCheckedState(const SceneAnalysis& analysis) {

@@ -13,7 +13,6 @@
 #include <memory>
 
 namespace orv {
-
 namespace {
 
 bool Start() {

@@ -14,7 +14,6 @@
 #include <iterator>
 
 namespace orv {
-
 namespace {
 
 // The wording of the log lines is what the farm's support searches for: it stays letter for letter,

@@ -5,7 +5,6 @@
 #include <cstring>
 
 namespace orv {
-
 namespace {
 
 // The client knows its plug-ins by these very bytes.

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 namespace orv {
-
 namespace {
 
 // Far more than any address; keeps a file of gigabytes from taking the host's memory.

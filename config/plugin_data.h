@@ -59,8 +59,8 @@ public:
     std::atomic<std::int32_t> progressState{kWorkerNone};
     std::atomic<bool> done{false}; // ends the progress dialog
     std::atomic<bool> hide{false}; // hides the progress dialog while a message box is open
-    std::atomic<bool> progressOnScreen{
-        false}; // it is, or is about to be (config/submission_windows.h)
+    // The progress dialog is, or is about to be (config/submission_windows.h).
+    std::atomic<bool> progressOnScreen{false};
     std::atomic<bool> confirmationRequired{false};
     std::atomic<SubmissionStage> stage{SubmissionStage::Checking};
     std::atomic<std::uint64_t> submitStarted{0}; // GetTickCount64

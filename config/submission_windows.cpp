@@ -8,7 +8,6 @@
 #include <atomic>
 
 namespace orv {
-
 namespace {
 
 // There is one main dialog at a time. Two threads may count while a third is in EnableWindow, which

@@ -30,7 +30,7 @@ class Desktop:
         return wine(self.bin / "on_desktop.exe", self.name, program, *arguments)
 
     def windows(self):
-        """The visible top-level windows, as window_probe tells them."""
+        """The visible top-level windows, as window_probe reports them."""
         # A busy Wine now and then refuses to start a program: another try costs nothing.
         for _ in range(3):
             if self.probe is None:

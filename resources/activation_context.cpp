@@ -3,7 +3,6 @@
 #include "resources/text.h"
 
 namespace orv {
-
 namespace {
 
 // The manifest is read from the module that also holds the texts. Each scope makes a context of its

@@ -5,7 +5,6 @@
 #include "resources/texts.h"
 
 namespace orv {
-
 namespace {
 
 constexpr int kTextSize = 256; // the same limit as the loaders in text.h

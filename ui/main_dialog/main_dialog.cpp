@@ -26,6 +26,7 @@
 #include <vector>
 
 namespace orv {
+
 ClientVersion CheckClientVersion(const std::wstring& lowestAccepted,
                                  const std::wstring& pluginVersion) {
     // The length of "1.3.7". The client writes its settings for plug-ins that compare in this way.
