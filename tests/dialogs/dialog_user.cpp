@@ -168,5 +168,36 @@ void ClickCheckBox(HWND dialog, int table, int row) {
     throw std::runtime_error("row " + std::to_string(row) + " has no check box in sight");
 }
 
+namespace {
+
+// A point in the text of a row.
+LPARAM PointInRow(HWND table, int row) {
+    RECT label = {};
+    label.left = LVIR_LABEL;
+    ::SendMessageW(table, LVM_GETITEMRECT, static_cast<WPARAM>(row),
+                   reinterpret_cast<LPARAM>(&label));
+    return MAKELPARAM(label.left + 10, (label.top + label.bottom) / 2);
+}
+
+} // namespace
+
+void ClickRow(HWND dialog, int table, int row, WPARAM keys) {
+    const HWND window = ControlOf(dialog, table);
+    const LPARAM point = PointInRow(window, row);
+    ::PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON | keys, point);
+    ::PostMessageW(window, WM_LBUTTONUP, keys, point);
+    Settle(dialog);
+}
+
+void DoubleClickRow(HWND dialog, int table, int row) {
+    const HWND window = ControlOf(dialog, table);
+    const LPARAM point = PointInRow(window, row);
+    ::PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, point);
+    ::PostMessageW(window, WM_LBUTTONUP, 0, point);
+    ::PostMessageW(window, WM_LBUTTONDBLCLK, MK_LBUTTON, point);
+    ::PostMessageW(window, WM_LBUTTONUP, 0, point);
+    Settle(dialog);
+}
+
 } // namespace test
 } // namespace orv

@@ -43,5 +43,11 @@ std::string Ticks(HWND dialog, int table);
 // Clicks on the check box of a row.
 void ClickCheckBox(HWND dialog, int table, int row);
 
+// Clicks on the text of a row, with `keys` (MK_CONTROL) held down.
+void ClickRow(HWND dialog, int table, int row, WPARAM keys = 0);
+
+// Double-clicks the text of a row.
+void DoubleClickRow(HWND dialog, int table, int row);
+
 } // namespace test
 } // namespace orv

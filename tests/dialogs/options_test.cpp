@@ -34,6 +34,11 @@ protected:
         window_ = host_.openDialog();
         ASSERT_NE(window_, nullptr);
     }
+    void analyseAgain() {
+        const std::size_t before = host_.events("script_run").size();
+        Press(window_, IDC_ANALYSE_AGAIN);
+        ASSERT_EQ(host_.events("script_run").size(), before + 1);
+    }
     void useCorona() {
         host_.scene["renderer"] = Json::Value();
         host_.scene["renderer"]["name"] = "CoronaRenderer";
@@ -274,6 +279,42 @@ TEST_F(Options, RestoreThreeBlocksWithoutTheMaterialChannel) {
     EXPECT_EQ(watcher.stop().size(), 1U);
     EXPECT_TRUE(checked(1031));
     EXPECT_FALSE(checked(1051));
+}
+
+// A "0" of the settings file would undo what the user has ticked since.
+TEST_F(Options, KeepWhatIsTickedWhenTheSceneIsAnalysedAgain) {
+    host_.product.writeSettings(
+        "lowerversion=1.3.7\r\nRENDER_CHANNEL_COLOR=0\r\nRENDER_CHANNEL_AO=0\r\n"
+        "CHECK_RENDER_MTL=0\r\nCHECK_PSD=0\r\nCHECK_GI=0\r\nIDC_SAVE_SCENE_FILE=0\r\n"
+        "REMBER_SETTING=0\r\nNOBLOCK=1\r\n");
+    open();
+    const int boxes[] = {1043, 1044, 1051, 1053, 1056, 1002, 1001, 1000};
+    for (const int box : boxes) {
+        EXPECT_FALSE(checked(box)) << box;
+        Press(window_, box);
+    }
+    analyseAgain();
+    for (const int box : boxes)
+        EXPECT_TRUE(checked(box)) << box;
+    for (const int id : {1066, 1040, 1067, 1068, 1037, 1055, 1057})
+        EXPECT_TRUE(enabled(id)) << id;
+}
+
+TEST_F(Options, TakeTheRememberedOnesWhenTheSceneIsAnalysedAgain) {
+    host_.product.writeSettings("lowerversion=1.3.7\r\nCHECK_PSD=1\r\nEDIT_AO_RADIUS=77.5\r\n"
+                                "GI_SIZE=2\r\nNOBLOCK=0\r\nSIXBLOCK=1\r\n");
+    open();
+    Press(window_, 1053);
+    Press(window_, 1033);
+    ::SetDlgItemTextW(window_, 1040, L"500.0");
+    ::SendMessageW(control(1057), CB_SETCURSEL, 1, 0);
+    analyseAgain();
+    EXPECT_TRUE(checked(1053));
+    EXPECT_TRUE(checked(1032));
+    EXPECT_FALSE(checked(1033));
+    EXPECT_FALSE(enabled(1075) || enabled(1076));
+    EXPECT_EQ(text(1040), L"77.5");
+    EXPECT_EQ(::SendMessageW(control(1057), CB_GETCURSEL, 0, 0), 2);
 }
 
 class DamagedSettings : public Options, public ::testing::WithParamInterface<const char*> {};

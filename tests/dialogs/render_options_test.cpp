@@ -237,6 +237,29 @@ TEST_F(RenderOptions, AreWrittenToTheCameraAndShownInTheTable) {
     EXPECT_EQ(Ticks(main_, IDC_CAMERAS), "001"); // the user's choice has stayed
 }
 
+TEST_F(RenderOptions, StayWhenTheSceneIsAnalysedAgain) {
+    startHost();
+    ClickCheckBox(main_, IDC_CAMERAS, kHallRow);
+    HWND dialog = openForRow(kHallRow);
+    ASSERT_NE(dialog, nullptr);
+    Type(dialog, IDC_OPTIONS_WIDTH, L"1000");
+    Type(dialog, IDC_OPTIONS_FRAME, L"77");
+    Type(dialog, IDC_OPTIONS_NAME, L"Hall");
+    SelectEntry(dialog, IDC_OPTIONS_FORMAT, 4);
+    SelectEntry(dialog, IDC_OPTIONS_VIEW, 1);
+    Press(dialog, IDC_OPTIONS_APPLY);
+    ASSERT_TRUE(waitForClose());
+    const std::vector<std::wstring> edited = cells(kHallRow);
+    ASSERT_EQ(edited[6], L"Hall");
+
+    for (std::size_t analyses = 2; analyses <= 3; ++analyses) {
+        Press(main_, IDC_ANALYSE_AGAIN);
+        ASSERT_EQ(host_.events("script_run").size(), analyses);
+        EXPECT_EQ(cells(kHallRow), edited);
+        EXPECT_EQ(Ticks(main_, IDC_CAMERAS), "010");
+    }
+}
+
 TEST_F(RenderOptions, LeaveFieldsAloneThatAreLocked) {
     startHost();
     HWND dialog = openForRow(kHallRow);

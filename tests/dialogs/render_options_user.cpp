@@ -13,12 +13,6 @@ HWND Options() {
     return FindDialogWith(IDC_OPTIONS_WIDTH);
 }
 
-HWND WaitForOptions() {
-    HWND found = nullptr;
-    WaitUntil([&found] { return (found = Options()) != nullptr; });
-    return found;
-}
-
 void SetSelected(HWND table, int row, bool selected) {
     LVITEMW item = {};
     item.stateMask = LVIS_SELECTED;
@@ -45,17 +39,8 @@ void RenderOptions::startHost(LANGID language) {
 }
 
 HWND RenderOptions::openForRow(int row) {
-    HWND table = ::GetDlgItem(main_, IDC_CAMERAS);
-    RECT label = {};
-    label.left = LVIR_LABEL;
-    ::SendMessageW(table, LVM_GETITEMRECT, static_cast<WPARAM>(row),
-                   reinterpret_cast<LPARAM>(&label));
-    const LPARAM point = MAKELPARAM(label.left + 10, (label.top + label.bottom) / 2);
-    ::PostMessageW(table, WM_LBUTTONDOWN, MK_LBUTTON, point);
-    ::PostMessageW(table, WM_LBUTTONUP, 0, point);
-    ::PostMessageW(table, WM_LBUTTONDBLCLK, MK_LBUTTON, point);
-    ::PostMessageW(table, WM_LBUTTONUP, 0, point);
-    return WaitForOptions();
+    DoubleClickRow(main_, IDC_CAMERAS, row);
+    return waitForDialog();
 }
 
 HWND RenderOptions::openForRows(std::initializer_list<int> rows) {
@@ -64,7 +49,13 @@ HWND RenderOptions::openForRows(std::initializer_list<int> rows) {
     for (const int row : rows)
         SetSelected(table, row, true);
     ::PostMessageW(main_, WM_COMMAND, IDC_EDIT_CAMERAS, 0);
-    return WaitForOptions();
+    return waitForDialog();
+}
+
+HWND RenderOptions::waitForDialog() {
+    HWND found = nullptr;
+    WaitUntil([&found] { return (found = Options()) != nullptr; });
+    return found;
 }
 
 bool RenderOptions::waitForClose() const {

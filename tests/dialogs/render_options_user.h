@@ -27,6 +27,9 @@ protected:
     // came.
     HWND openForRows(std::initializer_list<int> rows);
 
+    // The dialog, however it was opened; null when none came.
+    static HWND waitForDialog();
+
     // Whether the dialog has gone by the deadline.
     bool waitForClose() const;
     // The cells of a row of the camera table.

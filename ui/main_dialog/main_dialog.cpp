@@ -16,6 +16,7 @@
 #include "resources/texts.h"
 #include "ui/camera_table/warnings_list.h"
 #include "ui/main_dialog/main_layout.h"
+#include "ui/render_options/render_options_rules.h"
 #include "ui/workers.h"
 #include "windows/controls.h"
 #include "windows/measures.h"
@@ -23,6 +24,7 @@
 #include <commctrl.h>
 
 #include <cstdio>
+#include <utility>
 #include <vector>
 
 namespace orv {
@@ -207,20 +209,14 @@ bool MainDialog::analyse(const std::wstring& parserScript) {
 }
 
 bool MainDialog::readReport() {
-    // The reader adds to the cameras and messages that are there: those of an earlier analysis go,
-    // except for the user's ticks.
     cameras_.readTicks(data_.analysis.cameras);
-    CameraMap before;
-    before.swap(data_.analysis.cameras);
-    data_.analysis.messages.clear();
-
-    data_.analysis.hasIllegalReference = false;
+    const CameraMap edited = std::move(data_.analysis.cameras);
+    forgetFindings();
     const int result = ReadAnalysisReport(data_.analysis);
     data_.confirmationRequired = data_.analysis.hasIllegalReference; // the farm leaves those out
-    for (auto& camera : data_.analysis.cameras) {
-        const auto old = before.find(camera.first);
-        camera.second.selected = old != before.end() && old->second.selected;
-    }
+    CameraMap found = data_.analysis.cameras;
+    KeepCameraEdits(foundCameras_, edited, data_.analysis.cameras);
+    foundCameras_ = std::move(found);
     if (result == kReportDuplicateCameras)
         return refuse(ResourceText(IDS_SAME_CAMERA_NAMES_BEFORE) +
                       data_.analysis.duplicateCameraNames +
@@ -239,6 +235,19 @@ bool MainDialog::readReport() {
     if (data_.analysis.cameras.empty())
         return refuse(ResourceText(IDS_REPORT_UNREADABLE));
     return true;
+}
+
+// The reader adds to what is there: nothing of an earlier scene may show up in the next.
+void MainDialog::forgetFindings() {
+    SceneAnalysis& old = data_.analysis;
+    SceneAnalysis fresh;
+    fresh.reportText = std::move(old.reportText); // the one to be read
+    fresh.reportPath = std::move(old.reportPath);
+    fresh.sceneFileName = std::move(old.sceneFileName); // and what was saved so far
+    fresh.sceneFilePath = std::move(old.sceneFilePath);
+    fresh.recordedSceneName = std::move(old.recordedSceneName);
+    fresh.saveCount = old.saveCount;
+    data_.analysis = std::move(fresh);
 }
 
 void MainDialog::fill(bool first) {

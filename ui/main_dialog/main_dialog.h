@@ -57,6 +57,7 @@ private:
     bool checkSceneFile();
     bool analyse(const std::wstring& parserScript);
     bool readReport();
+    void forgetFindings();
     void fill(bool first);
     void fillWarnings();
     void analyseAgain();
@@ -76,6 +77,7 @@ private:
     PluginData& data_;
     CameraTable cameras_;
     MainOptions options_;
+    CameraMap foundCameras_; // as the last analysis found them
     // While the dialog is open:
     std::unique_ptr<WinsockSession> winsock_;
     std::unique_ptr<host::ToolTips> toolTips_;

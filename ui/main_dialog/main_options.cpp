@@ -35,7 +35,7 @@ void MainOptions::fill(bool first) {
     scales.select(0);
     if (first)
         CheckBox(dialog_, IDC_SAVE_SCENE_FILE).check(true);
-    restoreSettings();
+    restoreSettings(first);
 }
 
 void MainOptions::showLimits() {
@@ -47,20 +47,22 @@ void MainOptions::showLimits() {
     ShowControls(dialog_, kGiControls, !hasLimits); // Corona has no such pass
 }
 
-void MainOptions::restoreSettings() {
+void MainOptions::restoreSettings(bool first) {
     for (const RememberedValue& value : ReadRememberedSettings())
-        restoreSetting(value);
+        restoreSetting(value, first);
     // Whatever was restored, and whatever had been ticked before the scene was analysed again.
     EnableByCheckBoxes(dialog_);
     EnableControls(dialog_, kBlockCountControls, ChosenBlockMode(dialog_) == kDistributedBlocks);
 }
 
-void MainOptions::restoreSetting(const RememberedValue& value) {
+void MainOptions::restoreSetting(const RememberedValue& value, bool first) {
     const int id = value.control.id;
     switch (value.control.kind) {
     case RememberedKind::CheckBox:
-        if (value.text == kOn || value.text == kOff) // anything else is no setting of ours
-            CheckBox(dialog_, id).check(value.text == kOn);
+        if (value.text == kOn)
+            CheckBox(dialog_, id).check(true);
+        else if (value.text == kOff && first) // later it would undo what the user has ticked
+            CheckBox(dialog_, id).check(false);
         break;
     case RememberedKind::DropDownList: {
         const int entry = value.text.size() == 1 ? value.text[0] - L'0' : -1;

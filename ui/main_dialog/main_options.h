@@ -37,8 +37,8 @@ public:
 private:
     // Shows the limits of the scene's renderer, or that it has none.
     void showLimits();
-    void restoreSettings();
-    void restoreSetting(const RememberedValue& value);
+    void restoreSettings(bool first);
+    void restoreSetting(const RememberedValue& value, bool first);
     void chooseBlocks(int radioButton);
     void applyMaterialRule();
 

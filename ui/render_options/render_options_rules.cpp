@@ -108,22 +108,55 @@ ButtonPosition ApplyButtonPosition(bool severalCameras, bool coronaScene) {
     return coronaScene ? ButtonPosition{82, 250} : ButtonPosition{56, 225};
 }
 
+namespace {
+
+void Write(const CameraEdits& edits, CameraInfo& camera) {
+    if (edits.setsSize) {
+        camera.width = edits.width;
+        camera.height = edits.height;
+    }
+    if (edits.setsFormat)
+        camera.imageFormat = edits.format;
+    if (edits.setsName)
+        camera.name = edits.name;
+    if (edits.setsFrame)
+        camera.startFrame = edits.frame;
+    if (edits.setsView)
+        camera.isSpherical = edits.isSpherical;
+}
+
+CameraEdits EditsBetween(const CameraInfo& found, const CameraInfo& edited) {
+    CameraEdits edits;
+    edits.setsSize = edited.width != found.width || edited.height != found.height;
+    edits.width = edited.width;
+    edits.height = edited.height;
+    edits.setsFormat = edited.imageFormat != found.imageFormat;
+    edits.format = edited.imageFormat;
+    edits.setsName = edited.name != found.name;
+    edits.name = edited.name;
+    edits.setsFrame = edited.startFrame != found.startFrame;
+    edits.frame = edited.startFrame;
+    edits.setsView = edited.isSpherical != found.isSpherical;
+    edits.isSpherical = edited.isSpherical;
+    return edits;
+}
+
+} // namespace
+
 void WriteCameraEdits(CameraMap& cameras, const std::vector<std::wstring>& keys,
                       const CameraEdits& edits) {
-    for (const std::wstring& key : keys) {
-        CameraInfo& camera = cameras[key];
-        if (edits.setsSize) {
-            camera.width = edits.width;
-            camera.height = edits.height;
-        }
-        if (edits.setsFormat)
-            camera.imageFormat = edits.format;
-        if (edits.setsName)
-            camera.name = edits.name;
-        if (edits.setsFrame)
-            camera.startFrame = edits.frame;
-        if (edits.setsView)
-            camera.isSpherical = edits.isSpherical;
+    for (const std::wstring& key : keys)
+        Write(edits, cameras[key]);
+}
+
+void KeepCameraEdits(const CameraMap& found, const CameraMap& edited, CameraMap& cameras) {
+    for (auto& camera : cameras) {
+        const auto then = found.find(camera.first);
+        const auto now = edited.find(camera.first);
+        if (then == found.end() || now == edited.end())
+            continue;
+        Write(EditsBetween(then->second, now->second), camera.second);
+        camera.second.selected = now->second.selected;
     }
 }
 

@@ -103,4 +103,11 @@ struct CameraEdits {
 void WriteCameraEdits(CameraMap& cameras, const std::vector<std::wstring>& keys,
                       const CameraEdits& edits);
 
+// What keeps the user's work when the scene is analysed again. `cameras` are those of the new
+// analysis, `found` those of the one before, `edited` the records that the user has worked on
+// since. Each camera that is still there keeps its tick and the fields in which its record differs
+// from what was found; in all others it is what the new analysis says. Width and height count as
+// one field.
+void KeepCameraEdits(const CameraMap& found, const CameraMap& edited, CameraMap& cameras);
+
 } // namespace orv

@@ -69,6 +69,27 @@ TEST_F(Cameras, AreTheOnesOfTheSceneAsItIsNowWhenItIsAnalysedAgain) {
               7);
 }
 
+// As applying the render options does.
+TEST_F(Cameras, KeepWhatWasEditedWhenTheSceneIsAnalysedAgain) {
+    CameraInfo& hall = PluginData::instance().analysis.cameras[L"Camera \u5BA2\u5385"];
+    hall.name = L"Hall";
+    hall.startFrame = 77;
+    std::string report = SampleReport();
+    report.replace(report.find("4096"), 4, "1000");
+    report.replace(report.find("\"12\""), 4, "\"34\""); // the frame
+    scene_.setReport(report);
+    for (int time = 1; time <= 2; ++time) {
+        Press(window_, IDC_ANALYSE_AGAIN);
+        const std::vector<TableRow> rows = Rows(window_, IDC_CAMERAS);
+        ASSERT_EQ(rows.size(), 3U);
+        const std::vector<std::wstring> edited = {
+            L"Camera \u5BA2\u5385", L"1000", L"2048", L"77", L"Normal", L"PNG", L"Hall"};
+        EXPECT_EQ(rows[1].cells, edited) << time;
+        EXPECT_EQ(rows[0].cells[3], L"34") << time;
+    }
+    EXPECT_EQ(scene_.host.scripts().size(), 3U);
+}
+
 TEST_F(Cameras, LetGoOfTheParsedReportWhenTheDialogEnds) {
     EXPECT_NE(PluginData::instance().analysis.report, nullptr);
     Press(window_, IDCANCEL);

@@ -166,6 +166,66 @@ TEST_F(CameraEditsWritten, ReachEveryCameraAndMakeARecordForAnUnknownOne) {
     EXPECT_EQ(cameras_[L"C"].name, L"");
 }
 
+class CameraEditsKept : public CameraEditsWritten {
+protected:
+    // The record of camera "A" when the scene is analysed again and nothing has changed in it,
+    // after the edits of `flag` alone.
+    CameraInfo analysedAgain(bool CameraEdits::*flag) const {
+        CameraEdits edits = edits_;
+        edits.*flag = true;
+        CameraMap edited = cameras_;
+        WriteCameraEdits(edited, {L"A"}, edits);
+        CameraMap cameras = cameras_;
+        cameras[L"A"].selected = false;
+        KeepCameraEdits(cameras_, edited, cameras);
+        return cameras[L"A"];
+    }
+};
+
+TEST_F(CameraEditsKept, HaveEachFieldThatWasEdited) {
+    EXPECT_EQ(analysedAgain(&CameraEdits::setsSize).width, 100);
+    EXPECT_EQ(analysedAgain(&CameraEdits::setsSize).height, 200);
+    EXPECT_EQ(analysedAgain(&CameraEdits::setsFormat).imageFormat, L"EXR");
+    EXPECT_EQ(analysedAgain(&CameraEdits::setsName).name, L"New");
+    EXPECT_EQ(analysedAgain(&CameraEdits::setsFrame).startFrame, 30);
+    EXPECT_TRUE(analysedAgain(&CameraEdits::setsView).isSpherical);
+    EXPECT_TRUE(analysedAgain(&CameraEdits::setsView).selected);
+}
+
+TEST_F(CameraEditsKept, LeaveTheOtherFieldsToTheNewAnalysis) {
+    CameraMap edited = cameras_;
+    edited[L"A"].width = 11; // the height is the same, but belongs to it
+    CameraInfo now;
+    now.name = L"Now";
+    now.width = 640;
+    now.height = 480;
+    now.startFrame = 9;
+    now.imageFormat = L"TGA";
+    now.isSpherical = true;
+    CameraMap cameras = {{L"A", now}, {L"B", now}, {L"New", now}};
+    KeepCameraEdits(cameras_, edited, cameras);
+
+    ASSERT_EQ(cameras.size(), 3U);
+    EXPECT_EQ(cameras[L"A"].width, 11);
+    EXPECT_EQ(cameras[L"A"].height, 20);
+    EXPECT_EQ(cameras[L"B"].width, 640);
+    EXPECT_TRUE(cameras[L"B"].selected);
+    EXPECT_EQ(cameras[L"New"].width, 640);
+    EXPECT_FALSE(cameras[L"New"].selected);
+    for (const wchar_t* key : {L"A", L"B", L"New"}) {
+        EXPECT_EQ(cameras[key].name, L"Now");
+        EXPECT_EQ(cameras[key].startFrame, 9);
+        EXPECT_EQ(cameras[key].imageFormat, L"TGA");
+        EXPECT_TRUE(cameras[key].isSpherical);
+    }
+}
+
+TEST_F(CameraEditsKept, ForgetCamerasThatAreGone) {
+    CameraMap cameras = {{L"B", cameras_[L"B"]}};
+    KeepCameraEdits(cameras_, cameras_, cameras);
+    EXPECT_EQ(cameras.size(), 1U);
+}
+
 TEST(Toggles, AreFourPairsThatShowEachOther) {
     std::set<int> buttons;
     for (const Toggle& toggle : kToggles) {
