@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
+
 namespace orv {
 namespace test {
 namespace {
@@ -19,6 +21,18 @@ protected:
         ASSERT_NE(window_, nullptr);
     }
     std::string ticks() const { return Ticks(window_, IDC_CAMERAS); }
+    bool canEditSelected() const {
+        return ::IsWindowEnabled(::GetDlgItem(window_, IDC_EDIT_CAMERAS)) != FALSE;
+    }
+    LRESULT selectedRows() const {
+        return ::SendDlgItemMessageW(window_, IDC_CAMERAS, LVM_GETSELECTEDCOUNT, 0, 0);
+    }
+    void selectTwoRows() const {
+        ClickRow(window_, IDC_CAMERAS, 0);
+        ClickRow(window_, IDC_CAMERAS, 2, MK_CONTROL);
+        ASSERT_EQ(selectedRows(), 2);
+        ASSERT_TRUE(canEditSelected());
+    }
 
     HostInProcess host_;
     HWND window_ = nullptr;
@@ -60,6 +74,36 @@ TEST_F(Cameras, AreRebuiltByTheSubmissionsMessage) {
     ::SendMessageW(window_, WM_USER + 1, 0, 0);
     EXPECT_EQ(ticks(), "101");
     EXPECT_EQ(Lines(window_, IDC_WARNINGS).size(), 3U);
+}
+
+TEST_F(Cameras, AreEditedTogetherWhileMoreThanOneIsSelected) {
+    EXPECT_FALSE(canEditSelected());
+    ClickRow(window_, IDC_CAMERAS, 0);
+    EXPECT_FALSE(canEditSelected()) << "one alone is edited by a double click";
+    ClickRow(window_, IDC_CAMERAS, 2, MK_CONTROL);
+    EXPECT_TRUE(canEditSelected());
+    ClickRow(window_, IDC_CAMERAS, 2, MK_CONTROL);
+    EXPECT_EQ(selectedRows(), 1);
+    EXPECT_FALSE(canEditSelected());
+    ClickRow(window_, IDC_CAMERAS, 1, MK_CONTROL);
+    EXPECT_TRUE(canEditSelected());
+    PressKey(window_, IDC_CAMERAS, VK_UP);
+    EXPECT_EQ(selectedRows(), 1);
+    EXPECT_FALSE(canEditSelected());
+}
+
+// Whatever fills the table anew.
+TEST_F(Cameras, AreNotEditedTogetherWhenTheirRowsAreNew) {
+    for (const int button : {IDC_SELECT_ALL, IDC_INVERT_SELECTION, IDC_ANALYSE_AGAIN}) {
+        ASSERT_NO_FATAL_FAILURE(selectTwoRows());
+        Press(window_, button);
+        EXPECT_EQ(selectedRows(), 0) << button;
+        EXPECT_FALSE(canEditSelected()) << button;
+    }
+    ASSERT_NO_FATAL_FAILURE(selectTwoRows());
+    ::SendMessageW(window_, WM_USER + 1, 0, 0);
+    EXPECT_EQ(selectedRows(), 0);
+    EXPECT_FALSE(canEditSelected());
 }
 
 TEST_F(Cameras, KeepTheirTicksWhenTheSceneIsAnalysedAgain) {

@@ -260,6 +260,26 @@ TEST_F(RenderOptions, StayWhenTheSceneIsAnalysedAgain) {
     }
 }
 
+// The button that opened them is disabled then, because the new rows are not selected.
+TEST_F(RenderOptions, LeaveTheKeyboardToTheTableWhenTheyAreAppliedToSeveral) {
+    startHost();
+    ClickRow(main_, IDC_CAMERAS, 0);
+    ClickRow(main_, IDC_CAMERAS, 1, MK_CONTROL);
+    ASSERT_TRUE(IsEnabled(main_, IDC_EDIT_CAMERAS));
+    PressKey(main_, IDC_EDIT_CAMERAS, VK_SPACE);
+    HWND dialog = waitForDialog();
+    ASSERT_NE(dialog, nullptr);
+    Press(dialog, IDC_OPTIONS_APPLY);
+    ASSERT_TRUE(waitForClose());
+    EXPECT_TRUE(WaitUntil([this] {
+        GUITHREADINFO thread = {};
+        thread.cbSize = sizeof(thread);
+        return ::GetGUIThreadInfo(::GetWindowThreadProcessId(main_, nullptr), &thread) &&
+               thread.hwndFocus == ::GetDlgItem(main_, IDC_CAMERAS);
+    }));
+    EXPECT_FALSE(IsEnabled(main_, IDC_EDIT_CAMERAS));
+}
+
 TEST_F(RenderOptions, LeaveFieldsAloneThatAreLocked) {
     startHost();
     HWND dialog = openForRow(kHallRow);

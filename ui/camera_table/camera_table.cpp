@@ -57,9 +57,13 @@ std::vector<std::wstring> NamesOfRows(HWND table, LPARAM states) {
 
 void EditRows(HWND dialog, CameraTable& cameras, PluginData& data, LPARAM states,
               CameraEditing editing) {
-    const std::vector<std::wstring> names = NamesOfRows(::GetDlgItem(dialog, IDC_CAMERAS), states);
+    const HWND table = ::GetDlgItem(dialog, IDC_CAMERAS);
+    const std::vector<std::wstring> names = NamesOfRows(table, states);
     cameras.readTicks(data.analysis.cameras);
-    RunRenderOptions(dialog, data, names, editing);
+    // The new rows are not selected, so the button for several is disabled by now: with the
+    // keyboard it would swallow the keys.
+    if (RunRenderOptions(dialog, data, names, editing) > 0)
+        ::SetFocus(table);
 }
 
 } // namespace

@@ -70,7 +70,6 @@ bool MainDialog::onInit(LPARAM /*parameter*/) {
     case Outcome::Ended:
         return true;
     }
-    EnableControls(window(), {IDC_EDIT_CAMERAS}, false); // no row is selected yet
     toolTips_ = std::make_unique<host::ToolTips>();
     toolTips_->set(control(IDC_REMEMBER), ResourceText(IDS_REMEMBER_TOOLTIP));
     toolTips_->set(control(IDC_SAVE_SCENE_FILE), ResourceText(IDS_SAVE_SCENE_TOOLTIP));
@@ -96,12 +95,16 @@ bool MainDialog::onCommand(int id, int code) {
             EditSelectedCameras(window(), cameras_, data_);
         return true;
     case IDC_SELECT_ALL:
-        if (free)
+        if (free) {
             cameras_.selectAll(data_.analysis.cameras);
+            updateEditButton(); // the new rows are not selected
+        }
         return true;
     case IDC_INVERT_SELECTION:
-        if (free)
+        if (free) {
             cameras_.invertSelection(data_.analysis.cameras);
+            updateEditButton();
+        }
         return true;
     case IDCANCEL:
         // The keyboard is with Cancel while a submission runs: an Enter that is held down since it
@@ -153,7 +156,7 @@ bool MainDialog::onMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/) {
     switch (message) {
     case kRebuildCameraTable:
         cameras_.update(data_.analysis.cameras);
-        updateEditButton(); // the new rows are not selected
+        updateEditButton();
         fillWarnings();
         return true;
     case WM_ENABLE:
@@ -259,14 +262,13 @@ void MainDialog::fill(bool first) {
     fillWarnings();
     if (first)
         cameras_.attach(control(IDC_CAMERAS));
-    if (data_.analysis.cameras.size() < 2)
-        EnableControls(window(), {IDC_EDIT_CAMERAS}, false);
     if (first) {
         cameras_.createHead();
         cameras_.create(data_.analysis.cameras);
     } else {
         cameras_.update(data_.analysis.cameras);
     }
+    updateEditButton();
     options_.fill(first);
 }
 
