@@ -9,7 +9,7 @@ import subprocess
 import sys
 from pathlib import Path
 
-from source_tree import folders, text_of, tracked_files
+from source_tree import folders, project_files, text_of
 
 OBJDUMP = "x86_64-w64-mingw32-objdump"
 FOLDERS = folders(("plugin", "host"))
@@ -21,7 +21,7 @@ GUARDS = re.compile(r"_Init_thread_\w+|_tls_index")
 
 
 def in_sources():
-    for name in tracked_files():
+    for name in project_files():
         if not name.startswith(FOLDERS) or not name.endswith((".cpp", ".h")) or name in GNU_SIDE:
             continue
         code = COMMENT.sub(lambda comment: "\n" * comment[0].count("\n"), text_of(name))

@@ -7,7 +7,7 @@ Prints one line for each fault and ends with 1 when there was any."""
 import re
 import sys
 
-from source_tree import ROOT, text_of, tracked_files
+from source_tree import ROOT, project_files, text_of
 
 LANGUAGES = ("en", "zh")
 DIALOGS = ("main", "progress", "render_options", "list")
@@ -131,7 +131,7 @@ def versions():
 
 
 def main():
-    names = tracked_files()
+    names = project_files()
     texts, controls = defines("resources/texts.h"), defines("resources/controls.h")
     faults = [*numbers(texts, controls), *languages(texts, controls), *unused(texts, controls, names),
               *guide(texts), *pages(texts, controls, names), *versions()]

@@ -6,7 +6,7 @@ Prints one line for each fault and ends with 1 when there was any."""
 import re
 import sys
 
-from source_tree import BESIDE, ORDER, PRODUCT, ROOT, Includes, folders, text_of, tracked_files
+from source_tree import BESIDE, ORDER, PRODUCT, ROOT, Includes, folders, project_files, text_of
 
 # Only these may include the headers of the host's SDK.
 SDK_USERS = folders(("plugin", "host", "standin", "tests"))
@@ -85,7 +85,7 @@ def cycles(includes):
 
 
 # What a program leaves behind when it is run in the tree.
-LEFT_BEHIND = re.compile(r"(^|/)(__pycache__/|golden-actual/)|\.(pyc|pyo|obj|o|exe|dll|gup|jsonl)$")
+LEFT_BEHIND = re.compile(r"(^|/)golden-actual/|\.(obj|o|exe|dll|gup|jsonl)$")
 
 
 def left_behind(names):
@@ -142,7 +142,7 @@ def long_lines(names):
 
 
 def main():
-    names = tracked_files()
+    names = project_files()
     includes = Includes(names)
     faults = [*forbidden_words(names), *folder_order(includes), *sdk_fence(includes), *cycles(includes),
               *dead_links(names), *long_lines(names), *left_behind(names), *dialects(names)]

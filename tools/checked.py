@@ -5,7 +5,7 @@ import hashlib
 import os
 from concurrent.futures import ThreadPoolExecutor
 
-from source_tree import ROOT, Includes, tracked_files
+from source_tree import ROOT, Includes, project_files
 
 
 def check_sources(sources, configuration, stamps, check):
@@ -13,7 +13,7 @@ def check_sources(sources, configuration, stamps, check):
     Prints the reports and one line of result; returns the exit code. `configuration` is bytes, `stamps` the
     folder that remembers what has passed."""
     stamps.mkdir(parents=True, exist_ok=True)
-    includes = Includes(tracked_files())
+    includes = Includes(project_files())
 
     def key_of(name):
         digest = hashlib.sha256(configuration)

@@ -3,14 +3,15 @@
 # stand-ins as well, which doubles its time.
 
 dev_lint() {
-  local sources scripts more=()
+  local files sources scripts more=()
   case "${1:-}" in
     --all) more=(standin/ tests/tools/) ;;
     "") ;;
     *) fail "there is no option '$1' of lint" "use --all or none" ;;
   esac
-  mapfile -t sources < <(git ls-files -co --exclude-standard '*.cpp' '*.h' | existing)
-  mapfile -t scripts < <(git ls-files -co --exclude-standard | existing | xargs grep -lE '^#!.*\bbash' --)
+  files=$(python3 tools/source_tree.py files)
+  mapfile -t sources < <(grep -E '\.(cpp|h)$' <<<"$files")
+  mapfile -t scripts < <(xargs -d '\n' grep -lE '^#!.*\bbash' -- <<<"$files")
   step "check format" clang-format --dry-run --Werror "${sources[@]}"
   step "check shell scripts" shellcheck -x -a "${scripts[@]}"
   step "check tree" python3 tools/check_tree.py
@@ -30,16 +31,11 @@ lint_cppcheck() {
   local sources folders definitions
   mapfile -t folders < <(python3 tools/source_tree.py product)
   mapfile -t definitions < <(python3 tools/source_tree.py definitions)
-  mapfile -t sources < <(git ls-files -co --exclude-standard '*.cpp' | existing |
-    grep -E "^($(IFS='|' && printf '%s' "${folders[*]}")|standin/)")
+  mapfile -t sources < <(python3 tools/source_tree.py files |
+    grep -E "^($(IFS='|' && printf '%s' "${folders[*]}")|standin/).*\.cpp$")
   mkdir -p "$build_dir/lint/cppcheck"
   cppcheck --quiet --language=c++ --std=c++14 --platform=win64 -j "$(nproc)" --error-exitcode=1 \
     --enable=warning,performance,portability --suppress=passedByValue --inline-suppr \
     --cppcheck-build-dir="$build_dir/lint/cppcheck" \
     -I. -D_WIN32 -D_WIN64 "${definitions[@]}" "${sources[@]}"
-}
-
-existing() {
-  local file
-  while read -r file; do [ ! -f "$file" ] || printf '%s\n' "$file"; done
 }

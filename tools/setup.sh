@@ -6,7 +6,7 @@
 deps_dir=$build_dir/deps
 
 packages=(
-  ca-certificates git make cmake ninja-build python3 dpkg-dev # to build and to fetch sources
+  ca-certificates make cmake ninja-build python3 dpkg-dev     # to build and to fetch sources
   g++-mingw-w64-x86-64-posix clang llvm                       # the two compilers and their tools
   clang-format clang-tidy shellcheck cppcheck                 # ./dev lint
   clang-19 libc++-19-dev libwine-dev                          # ./dev lint: reading as Visual C++ does

@@ -1,10 +1,12 @@
 """What the checks know of the source tree: its folders and files, and which of our own files each one includes.
 
-source_tree.py product prints the product's folders, source_tree.py definitions what its sources are compiled with."""
+source_tree.py files prints all files, source_tree.py product the product's folders, source_tree.py definitions what
+its sources are compiled with."""
 
+import os
 import re
-import subprocess
 import sys
+from fnmatch import fnmatchcase
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -32,12 +34,21 @@ def windows_definitions():
     return ["-D" + line for line in (ROOT / "cmake/windows-definitions.txt").read_text().split()]
 
 
-def tracked_files():
-    """All files of the project that exist: the tracked ones and the new ones that are not ignored."""
-    names = subprocess.run(
-        ["git", "ls-files", "-co", "--exclude-standard", "-z"],
-        cwd=ROOT, check=True, capture_output=True).stdout.decode().split("\0")
-    return sorted(name for name in set(names) if name and (ROOT / name).is_file())
+def project_files():
+    """The names of all files of the project. They are those in its folder, so that the checks work in a copy without
+    a repository, too; what .gitignore names is left out."""
+    ignored = [".git", *(ROOT / ".gitignore").read_text().split()]
+
+    def is_ours(folder, name):
+        path = os.path.relpath(os.path.join(folder, name), ROOT)
+        return not any(fnmatchcase(path if pattern.startswith("/") else name, pattern.strip("/"))
+                       for pattern in ignored)
+
+    names = []
+    for folder, subfolders, files in os.walk(ROOT):
+        subfolders[:] = [name for name in subfolders if is_ours(folder, name)]
+        names += [os.path.relpath(os.path.join(folder, name), ROOT) for name in files if is_ours(folder, name)]
+    return sorted(names)
 
 
 def text_of(name):
@@ -80,5 +91,5 @@ class Includes:
 
 
 if __name__ == "__main__":
-    answers = {"product": lambda: folders(PRODUCT), "definitions": windows_definitions}
+    answers = {"files": project_files, "product": lambda: folders(PRODUCT), "definitions": windows_definitions}
     print("\n".join(answers[sys.argv[1]]()))

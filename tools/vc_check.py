@@ -14,7 +14,7 @@ import sys
 from pathlib import Path
 
 from checked import check_sources
-from source_tree import PRODUCT, ROOT, folders, text_of, tracked_files, windows_definitions
+from source_tree import PRODUCT, ROOT, folders, project_files, text_of, windows_definitions
 
 COMPILER = "clang++-19"
 CHECKED = folders(PRODUCT)
@@ -115,12 +115,12 @@ def main():
                    or "constexpr function is a C++14 extension" in line]
         return "\n".join(refused) or None
 
-    headers = [n for n in tracked_files() if n.startswith(CHECKED) and n.endswith(".h")]
+    headers = [n for n in project_files() if n.startswith(CHECKED) and n.endswith(".h")]
     in_headers = [fault for name in headers for fault in gnu_words(name)]
     if in_headers:
         print("\n".join(in_headers))
         return 1
-    sources = [n for n in tracked_files() if n.startswith(CHECKED) and n.endswith(".cpp") and n not in GNU_ONLY]
+    sources = [n for n in project_files() if n.startswith(CHECKED) and n.endswith(".cpp") and n not in GNU_ONLY]
     version = run(["--version"]).stdout
     configuration = b"".join(
         [Path(__file__).read_bytes(), (ROOT / "tools/vc/lacking.h").read_bytes(), version.encode()])
