@@ -91,7 +91,10 @@ private:
     }
     static bool unregisterMenu(void* self, void* menu) {
         add(L"unregister menu");
-        return now->unregisterMenu_.original(self, menu);
+        const std::size_t asked = now->calls_.size();
+        const bool result = now->unregisterMenu_.original(self, menu);
+        now->calls_.resize(asked);
+        return result;
     }
     static bool registerMenuContext(void* self, DWORD id, const wchar_t* name) {
         add(L"register menu context " + number(id) + L" " + name);
@@ -100,6 +103,10 @@ private:
     static void* menuContext(void* self, DWORD id) {
         add(L"menu context " + number(id));
         return now->menuContext_.original(self, id);
+    }
+    static void setContextMenu(void* self, void* menu) {
+        add(menu == nullptr ? L"context has no menu" : L"context has a menu");
+        now->setContextMenu_.original(self, menu);
     }
     static void updateMenuBar(void* self) {
         add(L"update menu bar");
@@ -130,6 +137,9 @@ private:
 
     Calls calls_;
     std::vector<void*> callbacks_;
+    const SlotPatch<void, void*> setContextMenu_{
+        CallSlot<void*>(MenuManager(), slot::IMenuManager_GetContext, kMainMenuBar),
+        slot::IMenuBarContext_SetMenu, &setContextMenu};
     const ImportPatch register_;
     const ImportPatch unregister_;
     const SlotPatch<void*, const wchar_t*> findMenu_{MenuManager(), slot::IMenuManager_FindMenu,
@@ -202,7 +212,8 @@ TEST_F(StartOrder, IsNotificationOldMenusActionsMenu) {
                             L"menu context 1", L"register action context 563298227 Tallowmere",
                             L"register table", kActivate, kFindTable, kActivate,
                             kRegisterOurContext, L"find menu Orv Rendering",
-                            L"register menu, flags 0", kOurContext, L"update menu bar"));
+                            L"register menu, flags 0", kOurContext, L"context has a menu",
+                            L"update menu bar"));
 }
 
 TEST_F(StartOrder, IsTheSameWithAMenuOfAnEarlierRun) {
@@ -244,8 +255,9 @@ TEST_F(StartOrder, IsUndoneByTheStopAndLookedForOnceMoreAtTheEnd) {
     start();
     RecordedHost recorded(module);
     CallSlot<void>(utility, slot::GUP_Stop);
-    EXPECT_THAT(recorded.take(), ElementsAre(L"no longer watch 80", L"find menu Orv Rendering",
-                                             kOurContext, L"unregister menu", L"update menu bar"));
+    EXPECT_THAT(recorded.take(),
+                ElementsAre(L"no longer watch 80", L"find menu Orv Rendering", kOurContext,
+                            L"context has no menu", L"unregister menu", L"update menu bar"));
     destroy();
     EXPECT_THAT(recorded.take(), ElementsAre(L"find menu Orv Rendering"));
 }

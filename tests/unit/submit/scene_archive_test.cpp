@@ -4,6 +4,7 @@
 #include "analysis/text/text_convert.h"
 #include "base/folders.h"
 #include "tests/support/files.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/product_folder.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/unit/submit/archiver.h"
@@ -11,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstring>
 #include <regex>
 
 namespace orv {
@@ -220,6 +222,45 @@ TEST_F(SceneArchive, OfTheSameNameIsKeptWhenANewOneFails) {
     WriteFileBytes(archive(), "an archive of before");
     RunArchiver(paths_); // there is no scene
     EXPECT_EQ(ReadFileBytes(archive()), "an archive of before");
+}
+
+struct StartedProcess {
+    bool hasProgram = true;
+    bool inheritsHandles = true;
+    DWORD flags = 0;
+    bool hasEnvironment = true;
+    bool hasFolder = true;
+    STARTUPINFOW startup = {};
+};
+StartedProcess started;
+
+BOOL WINAPI NoteStart(LPCWSTR program, LPWSTR, LPSECURITY_ATTRIBUTES, LPSECURITY_ATTRIBUTES,
+                      BOOL inheritsHandles, DWORD flags, LPVOID environment, LPCWSTR folder,
+                      LPSTARTUPINFOW startup, LPPROCESS_INFORMATION) {
+    started = {program != nullptr,     inheritsHandles != FALSE, flags,
+               environment != nullptr, folder != nullptr,        *startup};
+    ::SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    return FALSE;
+}
+
+TEST_F(SceneArchive, IsPackedWithoutAWindowAtNormalPriority) {
+    ASSERT_TRUE(pack(L"shot.max"));
+    {
+        const ImportPatch patch(::GetModuleHandleW(nullptr), "CreateProcessW",
+                                reinterpret_cast<ULONGLONG>(&NoteStart));
+        RunArchiver(paths_);
+    }
+    const DWORD untilItIsInItsJob = CREATE_SUSPENDED;
+    EXPECT_EQ(started.flags & ~untilItIsInItsJob,
+              static_cast<DWORD>(CREATE_NO_WINDOW | NORMAL_PRIORITY_CLASS));
+    EXPECT_FALSE(started.hasProgram) << "the command line names it";
+    EXPECT_FALSE(started.inheritsHandles);
+    EXPECT_FALSE(started.hasEnvironment) << "the host's own";
+    EXPECT_FALSE(started.hasFolder) << "the host's own";
+    STARTUPINFOW plain = {};
+    plain.cb = sizeof(plain);
+    EXPECT_EQ(std::memcmp(&started.startup, &plain, sizeof(plain)), 0);
+    EXPECT_NE(log().find("7z.exe error no:8"), std::string::npos);
 }
 
 TEST_F(SceneArchive, LogsAnArchiverThatIsMissing) {

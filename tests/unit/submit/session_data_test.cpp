@@ -1,11 +1,13 @@
 #include "config/session_data.h"
 
 #include "base/handles.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/product_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <vector>
 
 namespace orv {
 namespace test {
@@ -156,6 +158,45 @@ TEST_F(Session, RefusesWhatIsNotUtf8) {
     EXPECT_EQ(data.savePathBytes, "before");
     EXPECT_FALSE(data.present);
     EXPECT_NE(product_.log(L"rud_data").find("not UTF-8"), std::string::npos);
+}
+
+// What the product asks for when it opens a section and a view of it.
+struct Opened {
+    DWORD access;
+    BOOL isInherited;
+};
+std::vector<Opened> openedSections;
+std::vector<DWORD> viewAccess;
+
+HANDLE WINAPI NoteSection(DWORD access, BOOL isInherited, LPCWSTR name) {
+    openedSections.push_back({access, isInherited});
+    return ::CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 8192, name);
+}
+
+LPVOID WINAPI NoteView(HANDLE section, DWORD access, DWORD high, DWORD low, SIZE_T size) {
+    viewAccess.push_back(access);
+    return ::MapViewOfFileEx(section, access, high, low, size, nullptr);
+}
+
+// The client's memory is the client's: this product only reads, and hands the handle to nobody.
+TEST_F(Session, IsOpenedForReadingOnlyAndNotInherited) {
+    const FileMappingHandle user = MakeTextSection(kUserName, "anna");
+    const FileMappingHandle path = MakeTextSection(kSavePath, "D:\\out");
+    openedSections.clear();
+    viewAccess.clear();
+    const HMODULE program = ::GetModuleHandleW(nullptr);
+    {
+        const ImportPatch open(program, "OpenFileMappingW",
+                               reinterpret_cast<ULONGLONG>(&NoteSection));
+        const ImportPatch map(program, "MapViewOfFile", reinterpret_cast<ULONGLONG>(&NoteView));
+        EXPECT_TRUE(read().present);
+    }
+    ASSERT_EQ(openedSections.size(), 2U);
+    for (const Opened& section : openedSections) {
+        EXPECT_EQ(section.access, static_cast<DWORD>(FILE_MAP_READ));
+        EXPECT_FALSE(section.isInherited);
+    }
+    EXPECT_EQ(viewAccess, std::vector<DWORD>(2, FILE_MAP_READ));
 }
 
 TEST_F(Session, IsReadAnewEachTime) {

@@ -4,8 +4,10 @@
 #include "config/dialog_choices.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
+#include "tests/support/box_languages.h"
 #include "tests/support/import_patch.h"
 #include "tests/support/message_box_watcher.h"
+#include "tests/support/module_scope.h"
 #include "tests/support/submission_ending.h"
 #include "tests/unit/submit/reply_server.h"
 
@@ -19,6 +21,7 @@ namespace orv {
 namespace test {
 namespace {
 
+using ::testing::Each;
 using ::testing::IsEmpty;
 
 HRESULT WINAPI NoGuid(GUID*) {
@@ -128,7 +131,11 @@ void SubmitJobEnding::run() {
     const std::wstring typed = dialog_.text(IDC_SCENE_NAME);
     const std::vector<std::wstring> before = ListFolder(folder_.path());
     MessageBoxWatcher watcher(L"", {row.button});
-    EXPECT_EQ(submits(), row.result);
+    {
+        const BoxLanguages languages;
+        EXPECT_EQ(submits(), row.result);
+        EXPECT_THAT(languages.asked(), Each(kEnglishLanguage)) << "as the marker says";
+    }
     expectMessage(watcher.stop());
 
     EXPECT_EQ(data_.done, !row.reachesClient) << "the progress window goes with the message";

@@ -11,6 +11,8 @@
 #include <gmock/gmock.h>
 #include <json/reader.h>
 
+#include <regex>
+
 namespace orv {
 namespace test {
 namespace {
@@ -63,6 +65,41 @@ TEST_F(SubmitJobTest, HandsTheSceneToTheClientAndClosesTheDialog) {
     const TemporaryFolder out;
     ASSERT_TRUE(Unpack(requestPath("compressPath"), ArchivePassword("shot"), out.path()));
     EXPECT_EQ(ReadFileBytes(out.file(L"shot.max")), kSceneBytes);
+}
+
+std::int64_t LastWritten(const std::wstring& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data = {};
+    EXPECT_TRUE(::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data));
+    return (std::int64_t{data.ftLastWriteTime.dwHighDateTime} << 32) |
+           data.ftLastWriteTime.dwLowDateTime;
+}
+
+// A virus scanner may hold a new archive for a moment.
+TEST_F(SubmitJobTest, DescribesTheJobASecondAfterItsArchive) {
+    constexpr std::int64_t kSecond = 10000000; // of 100 nanoseconds
+    InstallArchiver();
+    submitAnswered(10001);
+    EXPECT_GE(LastWritten(requestPath("filePath")),
+              LastWritten(requestPath("compressPath")) + kSecond);
+}
+
+TEST_F(SubmitJobTest, NamesTheJobByAGuid) {
+    submitAnswered(10001);
+    const std::wstring path = requestPath("filePath");
+    EXPECT_TRUE(std::regex_match(path.substr(FolderPart(path).size()),
+                                 std::wregex(L"[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}[.]json")))
+        << request_["filePath"].asString();
+}
+
+TEST_F(SubmitJobTest, PutsItsFolderBehindTheLaterSeparator) {
+    dialog_.setText(IDC_SCENE_NAME, L"");
+    for (const wchar_t* folder : {L"\\a/b\\", L"\\a\\b/"}) {
+        const std::wstring sceneFolder = folder_.path() + folder;
+        host_.sceneFilePath = sceneFolder + L"room.max";
+        WriteFileBytes(host_.sceneFilePath, kSceneBytes);
+        submitAnswered(10009);
+        EXPECT_EQ(FolderPart(requestPath("filePath")), sceneFolder + L"room_plugin_output/json/");
+    }
 }
 
 TEST_F(SubmitJobTest, DescribesTheCheckedCameras) {
@@ -181,6 +218,18 @@ TEST_F(SubmitJobTest, BacksTheSceneUpForTheLengthOfItsCleaning) {
     EXPECT_THAT(filesDuringScripts, ElementsAre(4U, 4U, 4U));
     EXPECT_EQ(ListFolder(folder_.path()).size(), 3U);
     EXPECT_NE(log().find(" Success!"), std::string::npos);
+}
+
+TEST_F(SubmitJobTest, CleansTheSceneThatItCouldNotBackUp) {
+    dialog_.check(IDC_BACK_UP_SCENE);
+    host_.onSaveTo = [this](const std::wstring& path) {
+        ::DeleteFileW(host_.sceneFilePath.c_str()); // the backup is one of the former file
+        WriteFileBytes(path, kSceneBytes);
+        return true;
+    };
+    submitAnswered(10001);
+    EXPECT_NE(log().find(" Error! Code is 2"), std::string::npos);
+    EXPECT_EQ(host_.scripts().size(), 3U);
 }
 
 TEST_F(SubmitJobTest, LeavesNoBackupOfAWriteProtectedScene) {
