@@ -2,6 +2,7 @@
 #include "resources/controls.h"
 #include "tests/dialogs/dialog_user.h"
 #include "tests/hosts/host_in_process.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/log_lines.h"
 #include "tests/support/message_box_watcher.h"
 
@@ -256,6 +257,30 @@ TEST_F(Opening, ShowsAnEmptyTableWithoutCamerasWhenTheUserSaysYes) {
     ASSERT_NE(window, nullptr);
     EXPECT_TRUE(Rows(window, IDC_CAMERAS).empty());
     EXPECT_EQ(Lines(window, IDC_WARNINGS)[0], L"No cameras!");
+}
+
+int WSAAPI NoWinsock(WORD, LPWSADATA) {
+    return WSASYSNOTREADY;
+}
+
+TEST_F(Opening, FillsNothingInWhereTheNetworkCannotBeUsed) {
+    host_.start();
+    const ImportPatch patch(::GetModuleHandleW(L"OrvRendering.gup"), "WSAStartup",
+                            reinterpret_cast<ULONGLONG>(&NoWinsock));
+    ::testing::internal::CaptureStdout();
+    HWND window = host_.openDialog();
+    const std::string output = ::testing::internal::GetCapturedStdout();
+    ASSERT_NE(window, nullptr);
+    EXPECT_NE(output.find("Load WinSock Failed!\n"), std::string::npos) << output;
+    EXPECT_EQ(LogLines(host_.product.log(L"rud_ui", L"1.3.7")),
+              std::vector<std::string>{"[ERROR] Load WinSock Failed!"});
+    EXPECT_FALSE(wasAnalysed());
+    EXPECT_EQ(Text(window, IDC_SCENE_NAME), L"");
+    EXPECT_EQ(Text(window, IDC_AO_RADIUS), L"");
+    EXPECT_TRUE(Rows(window, IDC_CAMERAS).empty());
+    EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(window, IDC_SUBMIT)));
+    Press(window, IDCANCEL);
+    EXPECT_TRUE(host_.waitForEnd());
 }
 
 TEST_F(Opening, EndsByCancelByEscapeAndByItsTitleBar) {

@@ -14,13 +14,16 @@ namespace {
 const wchar_t kNotSaved[] =
     L"The scene could not be saved. Please save it in 3ds Max and submit again.";
 
+constexpr int kMessageText = 0xFFFF; // the control of a message box that holds its text
+
 // The host refuses to save, which ends a submission early, with a message that waits for its
 // answer.
 class Submitting : public ::testing::Test {
 protected:
-    void SetUp() override {
+    void SetUp() override { open(kEnglishLanguage); }
+    void open(LANGID language) {
         host_.scene["refuse_save"] = true;
-        host_.start();
+        host_.start(language);
         window_ = host_.openDialog();
         ASSERT_NE(window_, nullptr);
         ClickCheckBox(window_, IDC_CAMERAS, 0);
@@ -29,12 +32,21 @@ protected:
     }
     // The message box that waits for an answer.
     static bool waitForMessage() {
-        return WaitUntil([] { return FindDialogWith(0xFFFF) != nullptr; });
+        return WaitUntil([] { return FindDialogWith(kMessageText) != nullptr; });
+    }
+    // A visible dialog that belongs to the host's main window; null when there is none.
+    HWND boxOverTheHost() const {
+        HWND box = nullptr;
+        while ((box = ::FindWindowExW(nullptr, box, L"#32770", nullptr)) != nullptr) {
+            if (::GetWindow(box, GW_OWNER) == host_.window() && ::IsWindowVisible(box))
+                break;
+        }
+        return box;
     }
     // The message is closed and the dialog can be used: the submission has ended.
     bool waitForDialog() const {
         return WaitUntil([this] {
-            return FindDialogWith(0xFFFF) == nullptr && ::IsWindowEnabled(window_) != FALSE;
+            return FindDialogWith(kMessageText) == nullptr && ::IsWindowEnabled(window_) != FALSE;
         });
     }
     std::size_t saves() const { return host_.events("scene_saved").size(); }
@@ -66,7 +78,8 @@ TEST_F(Submitting, LeavesTheKeyboardToItsMessage) {
     for (int time = 0; time < 3; ++time) {
         Press(window_, IDC_SUBMIT);
         ASSERT_TRUE(waitForMessage());
-        EXPECT_TRUE(WaitUntil([] { return ::GetForegroundWindow() == FindDialogWith(0xFFFF); }));
+        EXPECT_TRUE(
+            WaitUntil([] { return ::GetForegroundWindow() == FindDialogWith(kMessageText); }));
         ::keybd_event(VK_RETURN, 0, 0, 0);
         ::keybd_event(VK_RETURN, 0, KEYEVENTF_KEYUP, 0);
         ASSERT_TRUE(waitForDialog());
@@ -94,7 +107,7 @@ TEST_F(Submitting, StopsWithoutAWordWhenTheSceneCannotBeSavedFirst) {
         EXPECT_EQ(saves(), time);
         EXPECT_EQ(FindDialogWith(IDC_PROGRESS_BAR), nullptr);
     }
-    EXPECT_EQ(FindDialogWith(0xFFFF), nullptr);
+    EXPECT_EQ(FindDialogWith(kMessageText), nullptr);
     EXPECT_TRUE(::IsWindowEnabled(window_));
 }
 
@@ -114,11 +127,35 @@ TEST_F(Submitting, GoesOnWhenTheDialogIsClosedAndTellsItsEnd) {
     ASSERT_TRUE(waitForMessage());
     ::PostMessageW(window_, WM_CLOSE, 0, 0);
     EXPECT_TRUE(host_.waitForEnd());
-    // Opening again waits for the submission.
+    // Another one cannot begin meanwhile.
     host_.chooseSubmit();
+    HWND box = nullptr;
+    ASSERT_TRUE(WaitUntil([&] { return (box = boxOverTheHost()) != nullptr; }));
+    EXPECT_EQ(ReadWindowText(::GetDlgItem(box, kMessageText))
+                  .find(L"The last submission is still running."),
+              0U);
+    EXPECT_EQ(FindDialogWith(IDC_CAMERAS), nullptr);
     MessageBoxWatcher watcher(L"Orv Rendering");
-    EXPECT_TRUE(host_.waitForEnd() || FindDialogWith(IDC_CAMERAS) != nullptr);
-    EXPECT_TRUE(watcher.waitForBoxes(1));
+    EXPECT_TRUE(watcher.waitForBoxes(2));
+    EXPECT_TRUE(host_.waitForEnd());
+}
+
+// The host checks the language of each box.
+class SubmittingInChinese : public Submitting {
+protected:
+    void SetUp() override {}
+};
+
+TEST_F(SubmittingInChinese, ShowsItsMessages) {
+    open(kChineseLanguage);
+    MessageBoxWatcher watcher;
+    Press(window_, IDC_THREE_BLOCKS);
+    Press(window_, IDC_MATERIAL_CHANNEL);   // not together
+    ClickCheckBox(window_, IDC_CAMERAS, 0); // none is ticked any more
+    Press(window_, IDC_SUBMIT);
+    EXPECT_TRUE(watcher.waitForBoxes(3));
+    ASSERT_TRUE(waitForDialog());
+    EXPECT_EQ(watcher.stop().size(), 3U);
 }
 
 } // namespace

@@ -3,9 +3,13 @@
 #include "resources/controls.h"
 #include "standin/host/host.h"
 #include "tests/dialogs/dialog_user.h"
+#include "tests/support/box_languages.h"
 #include "tests/support/files.h"
 #include "tests/support/program_folder.h"
 #include "tests/support/wait_until.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <stdexcept>
 
@@ -66,6 +70,7 @@ HostInProcess::~HostInProcess() {
     });
     ::PostMessageW(window_, WM_CLOSE, 0, 0);
     thread_.join();
+    EXPECT_THAT(boxLanguages_, ::testing::Each(boxLanguage_));
 }
 
 void HostInProcess::setParser(const std::string& does, const std::string& text) {
@@ -94,6 +99,7 @@ void HostInProcess::run(LANGID language) {
     // The plug-in selects the language when it is loaded, and stays loaded from its first
     // submission on. Each test has a new main thread, for which the host's choice is made here.
     const LanguageScope scope(language);
+    boxLanguage_ = language == kEnglishLanguage ? kEnglishLanguage : WORD{1};
     standin::Host host(options, [this](const Json::Value& event) {
         const std::lock_guard<std::mutex> lock(mutex_);
         events_.push_back(event);
@@ -101,7 +107,11 @@ void HostInProcess::run(LANGID language) {
     if (!host.start())
         return;
     window_ = host.window();
-    host.run();
+    {
+        const BoxLanguages languages(::GetModuleHandleW(L"OrvRendering.gup"));
+        host.run();
+        boxLanguages_ = languages.asked();
+    }
     host.stop();
 }
 

@@ -26,7 +26,8 @@ public:
     // A client that accepts this plug-in; a scene "Living room.max" of three cameras, "Camera
     // \u5BA2\u5385" among them, in PNG, with two missing textures.
     HostInProcess();
-    // Cancels a dialog that is open and closes the host.
+    // Cancels a dialog that is open and closes the host. Expects that each message box of the
+    // plug-in was asked for in the language that goes with the host's.
     ~HostInProcess();
 
     const TestProductFolder product;
@@ -66,6 +67,8 @@ private:
     mutable std::atomic<std::size_t> chosen_{0};
     std::atomic<HWND> window_{nullptr};
     std::thread thread_;
+    std::vector<WORD> boxLanguages_; // written by the thread, read after its end
+    WORD boxLanguage_ = 0;
 };
 
 } // namespace test

@@ -14,6 +14,9 @@ namespace {
 using Loader = const wchar_t* (*)(unsigned);
 
 constexpr unsigned kNoSuchText = 2000;
+constexpr unsigned kTextOf255 = 3000;
+constexpr unsigned kTextOf300 = 3001; // begins as that one
+const std::wstring kLongest = std::wstring(254, L'x') + L"!";
 
 class TextLookup : public ::testing::TestWithParam<Loader> {
 protected:
@@ -57,6 +60,12 @@ TEST_P(TextLookup, OverwritesTheTextFoundBefore) {
     EXPECT_STREQ(first, L"EXR");
 }
 
+TEST_P(TextLookup, ReturnsAtMost255Characters) {
+    const ModuleScope module;
+    EXPECT_EQ(load(kTextOf255), kLongest);
+    EXPECT_EQ(load(kTextOf300), kLongest);
+}
+
 INSTANTIATE_TEST_SUITE_P(BothLoaders, TextLookup,
                          ::testing::Values(&loadResourceString, &loadResourceString2));
 
@@ -76,6 +85,12 @@ TEST(ResourceTextOf, IsACopyThatLaterLookupsLeaveAlone) {
     loadResourceString(IDS_FORMAT_EXR);
     ResourceText(IDS_FORMAT_TIFF);
     EXPECT_EQ(text, L"PNG");
+}
+
+TEST(ResourceTextOf, HasAtMost255Characters) {
+    const ModuleScope module;
+    EXPECT_EQ(ResourceText(kTextOf255), kLongest);
+    EXPECT_EQ(ResourceText(kTextOf300), kLongest);
 }
 
 TEST(ResourceTextOf, IsEmptyWhereThereIsNoTextOrNoModule) {
