@@ -86,6 +86,8 @@ SeenMessageBox Read(HWND box) {
         if (IsStandardButton(control)) {
             seen.buttons.push_back(::GetDlgCtrlID(control));
             seen.buttonLabels.push_back(ReadWindowText(control));
+            if ((::GetWindowLongW(control, GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON)
+                seen.defaultButton = ::GetDlgCtrlID(control);
         } else if ((::GetDlgCtrlID(control) & 0xFFFF) == kTextId) {
             seen.text = ReadWindowText(control);
         }

@@ -19,6 +19,7 @@ struct SeenMessageBox {
     std::wstring text;
     std::vector<int> buttons;               // ids in the order of the box: IDOK, IDCANCEL, …
     std::vector<std::wstring> buttonLabels; // as shown, "&" included
+    int defaultButton = 0;                  // that Enter presses
     HWND owner = nullptr;
     int answer = 0; // the button that was pressed
 };

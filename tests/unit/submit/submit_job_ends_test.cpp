@@ -88,6 +88,7 @@ TEST_F(SubmitJobEnd, NotWhenTheUserReplacesAnotherScene) {
     WriteFileBytes(another, "another scene");
     const std::vector<SeenMessageBox> boxes = submitAnswering(IDYES);
     ASSERT_EQ(boxes.size(), 2U);
+    EXPECT_EQ(boxes[0].defaultButton, IDNO) << "Enter keeps the other scene";
     EXPECT_EQ(boxes[1].text, ResourceText(IDS_SCENE_NOT_SAVED));
     EXPECT_EQ(ReadFileBytes(another), kSceneBytes);
 }
