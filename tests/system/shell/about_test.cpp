@@ -1,4 +1,5 @@
 // The second command's message box, read and answered as a user does.
+#include "tests/support/box_languages.h"
 #include "tests/support/message_box_watcher.h"
 #include "tests/system/shell/plugin_in_host.h"
 
@@ -11,10 +12,13 @@ namespace {
 SeenMessageBox ShowAbout(unsigned short language) {
     BareHost host;
     const PluginInHost plugin(language);
+    const BoxLanguages languages(plugin.module());
     MessageBoxWatcher watcher;
     EXPECT_TRUE(standin_run_action(kTable, kAbout));
     const auto boxes = watcher.stop();
     EXPECT_EQ(boxes.size(), 1U);
+    const WORD expected = language == kEnglish ? kEnglish : WORD{1};
+    EXPECT_EQ(languages.asked(), std::vector<WORD>{expected});
     return boxes.empty() ? SeenMessageBox() : boxes[0];
 }
 

@@ -63,6 +63,12 @@ TEST_F(SceneArchive, GoesToTheClientsFolderWhenThereIsOne) {
     ASSERT_TRUE(pack(L"shot.max"));
     EXPECT_EQ(FolderPart(archive()), session_.savePath + L"/");
     EXPECT_TRUE(PathExists(session_.savePath)) << "made when missing";
+    for (const wchar_t separator : {L'/', L'\\'}) {
+        session_.savePath.push_back(separator);
+        ASSERT_TRUE(pack(L"shot.max"));
+        EXPECT_EQ(FolderPart(archive()), session_.savePath) << "no second separator";
+        session_.savePath.pop_back();
+    }
 }
 
 TEST_F(SceneArchive, GoesToTheCompressFolderWhenTheClientsCannotBeUsed) {
@@ -220,8 +226,10 @@ TEST_F(SceneArchive, OfTheSameNameIsKeptWhenANewOneFails) {
     InstallArchiver();
     ASSERT_TRUE(pack(L"shot.max"));
     WriteFileBytes(archive(), "an archive of before");
+    WriteFileBytes(archive() + L".tmp", "half of the new one");
     RunArchiver(paths_); // there is no scene
     EXPECT_EQ(ReadFileBytes(archive()), "an archive of before");
+    EXPECT_FALSE(PathExists(archive() + L".tmp"));
 }
 
 struct StartedProcess {

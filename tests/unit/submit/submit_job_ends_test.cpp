@@ -100,6 +100,26 @@ TEST_F(SubmitJobEnd, AtTheCoronaGateLeavesCoronaInUse) {
     EXPECT_TRUE(data_.analysis.useCorona) << "set whether or not there are limits";
 }
 
+// Each check has its message: the first that fails is the one that is shown.
+TEST_F(SubmitJobEnd, AtTheFirstOfItsChecksThatFails) {
+    dialog_.setCameras({{L"a%b", true}});
+    data_.analysis.coronaState = CoronaLimitState::NothingLimited;
+    dialog_.setText(IDC_SCENE_NAME, L"shot.");
+    std::vector<SeenMessageBox> boxes = submitAnswering(IDOK);
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text, ResourceText(IDS_CAMERA_NAMES_UNUSABLE));
+    dialog_.setCameras({{L"Cam", true}});
+    boxes = submitAnswering(IDOK);
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text, ResourceText(IDS_CORONA_WITHOUT_LIMITS));
+    data_.analysis.coronaState = CoronaLimitState::NoLimits;
+    dialog_.check(IDC_COLOR_CHANNEL);
+    boxes = submitAnswering(IDOK);
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text, ResourceText(IDS_SCENE_NAME_UNUSABLE));
+    EXPECT_TRUE(data_.analysis.colorChannel) << "taken before the name is checked";
+}
+
 TEST_F(SubmitJobEnd, TakesAllCoronaLimitsWhereOneIsSet) {
     setCoronaLimits(L"5", L"0", L"0");
     submitAnswering(IDOK);
