@@ -140,6 +140,24 @@ TEST_F(Submitting, GoesOnWhenTheDialogIsClosedAndTellsItsEnd) {
     EXPECT_TRUE(host_.waitForEnd());
 }
 
+// Its threads may outlive the host's use of the library.
+TEST(LibraryThatHasSubmitted, StaysWhenTheHostLetsGoOfIt) {
+    {
+        HostInProcess host;
+        host.scene["refuse_save"] = true;
+        host.start();
+        HWND window = host.openDialog();
+        ASSERT_NE(window, nullptr);
+        ClickCheckBox(window, IDC_CAMERAS, 0);
+        Press(window, IDC_SAVE_SCENE_FILE);
+        Type(window, IDC_SCENE_NAME, L"other");
+        MessageBoxWatcher watcher(L"Orv Rendering");
+        Press(window, IDC_SUBMIT);
+        ASSERT_TRUE(watcher.waitForBoxes(1));
+    }
+    EXPECT_NE(::GetModuleHandleW(L"OrvRendering.gup"), nullptr);
+}
+
 // The host checks the language of each box.
 class SubmittingInChinese : public Submitting {
 protected:

@@ -1,5 +1,6 @@
 // The library's entries, called by name as the host calls them.
 #include "tests/support/files.h"
+#include "tests/support/import_patch.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/system/abi/slots.h"
 #include "tests/system/shell/plugin_in_host.h"
@@ -7,6 +8,10 @@
 #include "standin/maxutil.h"
 
 #include <gtest/gtest.h>
+
+#include <winternl.h>
+
+#include <memory>
 
 namespace orv {
 namespace test {
@@ -76,6 +81,48 @@ TEST_F(Library, HasNoDescriptionBeforeItsEntryRan) {
     const wchar_t* (*describe)() = nullptr;
     std::memcpy(&describe, &entry, sizeof(describe));
     EXPECT_EQ(describe(), nullptr);
+    ::FreeLibrary(module);
+}
+
+// ---- The loader's calls ----
+
+// What the loader of Windows reports of a library, before it runs the library's entry.
+struct LoadedLibrary {
+    ULONG flags;
+    const UNICODE_STRING* path;
+    const UNICODE_STRING* name;
+    HMODULE module;
+};
+using WhenLoaded = void(CALLBACK*)(ULONG, const LoadedLibrary*, void*);
+
+std::vector<HMODULE> withoutThreads;             // modules that want no calls for threads
+std::unique_ptr<ImportPatch> disableThreadCalls; // in the library that is being loaded
+
+BOOL WINAPI NoteDisabling(HMODULE module) {
+    withoutThreads.push_back(module);
+    return ::DisableThreadLibraryCalls(module);
+}
+
+void CALLBACK Watch(ULONG, const LoadedLibrary* library, void*) {
+    const std::wstring name(library->name->Buffer, library->name->Length / sizeof(wchar_t));
+    if (name != L"OrvRendering.gup" || disableThreadCalls != nullptr)
+        return;
+    disableThreadCalls = std::make_unique<ImportPatch>(library->module, "DisableThreadLibraryCalls",
+                                                       reinterpret_cast<ULONGLONG>(&NoteDisabling));
+}
+
+// The host starts and ends threads all the time.
+TEST(LibraryEntry, WantsNoCallsForThreads) {
+    BareHost host;
+    standin_set_language(kEnglish);
+    void* cookie = nullptr;
+    Exported<LONG(NTAPI*)(ULONG, WhenLoaded, void*, void**)>(
+        L"ntdll.dll", "LdrRegisterDllNotification")(0, &Watch, nullptr, &cookie);
+    withoutThreads.clear();
+    const HMODULE module = ::LoadLibraryW(PluginPath().c_str());
+    Exported<LONG(NTAPI*)(void*)>(L"ntdll.dll", "LdrUnregisterDllNotification")(cookie);
+    disableThreadCalls.reset();
+    EXPECT_EQ(withoutThreads, std::vector<HMODULE>{module});
     ::FreeLibrary(module);
 }
 
