@@ -1,6 +1,7 @@
 #include "windows/controls.h"
 
 #include "tests/support/test_window.h"
+#include "windows/measures.h"
 
 #include <gtest/gtest.h>
 
@@ -97,6 +98,38 @@ TEST(ComboBoxTest, HoldsItsEntriesAndOneSelection) {
     EXPECT_EQ(::SendMessageW(window.get(), CB_GETCOUNT, 0, 0), 0);
 }
 
+TEST(ListBoxTest, ReplacesItsLinesAndScrollsToTheEndOfTheWidest) {
+    const TestWindow window(L"LISTBOX", WS_HSCROLL);
+    const ListBox list(window.get());
+    const std::wstring wide(200, L'm');
+    list.setLines({L"i", wide});
+    const LRESULT extent = ::SendMessageW(window.get(), LB_GETHORIZONTALEXTENT, 0, 0);
+    EXPECT_GT(extent, WidestLine(window.get(), {wide}))
+        << "a list box draws a little from its edge";
+    list.setLines({L"i"});
+    EXPECT_EQ(::SendMessageW(window.get(), LB_GETCOUNT, 0, 0), 1);
+    EXPECT_LT(::SendMessageW(window.get(), LB_GETHORIZONTALEXTENT, 0, 0), extent);
+    list.setLines({});
+    EXPECT_EQ(::SendMessageW(window.get(), LB_GETCOUNT, 0, 0), 0);
+    EXPECT_EQ(::SendMessageW(window.get(), LB_GETHORIZONTALEXTENT, 0, 0), 0);
+}
+
+WPARAM marquee = FALSE;
+
+LRESULT CALLBACK NoteMarquee(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == PBM_SETMARQUEE)
+        marquee = lParam > 0 ? wParam : FALSE;
+    return ::DefWindowProcW(window, message, wParam, lParam);
+}
+
+TEST(ProgressBarTest, StartsItsMarquee) {
+    const TestWindow window(PROGRESS_CLASSW);
+    ::SetWindowLongPtrW(window.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&NoteMarquee));
+    marquee = FALSE;
+    ProgressBar(window.get()).startMarquee();
+    EXPECT_EQ(marquee, static_cast<WPARAM>(TRUE));
+}
+
 TEST(ArrowsTest, CountInTheirRange) {
     const TestWindow window(UPDOWN_CLASSW);
     const Arrows arrows(window.get());
@@ -135,6 +168,8 @@ TEST_F(CheckListTest, HasNamesAndTicks) {
     ASSERT_EQ(list_.rowCount(), 2);
     EXPECT_EQ(list_.name(0), L"Camera");
     EXPECT_EQ(list_.name(1), std::wstring(200, L'\u6444'));
+    addRow(2, std::wstring(500, L'\u6444'));
+    EXPECT_EQ(list_.name(2), std::wstring(500, L'\u6444'));
     list_.setTick(1, true);
     EXPECT_EQ(list_.tick(0), CheckList::Tick::Unticked);
     EXPECT_EQ(list_.tick(1), CheckList::Tick::Ticked);

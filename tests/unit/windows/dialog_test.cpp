@@ -1,6 +1,7 @@
 #include "windows/dialog.h"
 
 #include "resources/controls.h"
+#include "tests/support/import_patch.h"
 
 #include <gtest/gtest.h>
 
@@ -20,10 +21,12 @@ class ProbeDialog : public Dialog {
 public:
     using Dialog::control;
     using Dialog::end;
+    using Dialog::startTimer;
     using Dialog::window;
 
     std::function<void()> init = [] {};
     std::function<void()> go = [this] { end(0); };
+    std::function<void()> tick = [] {};
     std::vector<std::string> errors;
     std::vector<std::string> events;
     LPARAM parameter = 0;
@@ -47,6 +50,7 @@ protected:
     }
     bool onTimer(UINT_PTR id) override {
         events.push_back("timer " + std::to_string(id));
+        tick();
         return true;
     }
     bool onClose() override {
@@ -122,6 +126,48 @@ TEST_F(DialogBase, TellsTheLogWhenItsOwnerIsGone) {
     ::DestroyWindow(owner);
     EXPECT_EQ(dialog_.run(IDD_PROGRESS, owner), -1);
     EXPECT_EQ(dialog_.errors.size(), 1U);
+}
+
+UINT_PTR WINAPI NoTimer(HWND, UINT_PTR, UINT, TIMERPROC) {
+    ::SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    return 0;
+}
+
+// Nothing else would end a dialog that waits for its timer.
+TEST_F(DialogBase, EndsWithALogLineWithoutItsTimer) {
+    const ImportPatch patch(::GetModuleHandleW(nullptr), "SetTimer",
+                            reinterpret_cast<ULONGLONG>(&NoTimer));
+    dialog_.init = [this] { dialog_.startTimer(1, 30); };
+    dialog_.go = [this] { dialog_.end(5); }; // comes too late
+    EXPECT_EQ(dialog_.run(IDD_PROGRESS, nullptr), 0);
+    EXPECT_EQ(dialog_.errors, std::vector<std::string>{"SetTimer error no:8"});
+}
+
+TEST_F(DialogBase, GetsTheTicksOfItsTimer) {
+    dialog_.init = [this] { dialog_.startTimer(4, 10); };
+    dialog_.go = [] {};
+    dialog_.tick = [this] { dialog_.end(5); };
+    EXPECT_EQ(dialog_.run(IDD_PROGRESS, nullptr), 5);
+    EXPECT_EQ(dialog_.events[1], "timer 4");
+}
+
+TEST_F(DialogBase, HasThemedControls) {
+    bool isThemed = false;
+    dialog_.go = [&] {
+        ACTCTX_SECTION_KEYED_DATA found = {};
+        found.cbSize = sizeof(found);
+        isThemed = ::FindActCtxSectionStringW(0, nullptr,
+                                              ACTIVATION_CONTEXT_SECTION_WINDOW_CLASS_REDIRECTION,
+                                              L"Button", &found) != FALSE;
+        dialog_.end(0);
+    };
+    dialog_.run(IDD_PROGRESS, nullptr);
+    EXPECT_TRUE(isThemed);
+}
+
+TEST_F(DialogBase, HasNoWindowAfterItEnded) {
+    dialog_.run(IDD_PROGRESS, nullptr);
+    EXPECT_EQ(dialog_.window(), nullptr);
 }
 
 TEST_F(DialogBase, RunsAgainAfterItEnded) {

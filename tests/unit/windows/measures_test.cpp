@@ -33,6 +33,12 @@ TEST(WindowDc, LastsAsLongAsItsScope) {
     EXPECT_FALSE(WindowDc(reinterpret_cast<HWND>(1)));
 }
 
+TEST(DotsPerInchOf, IsTheScreensAndTheUsualWithoutADevice) {
+    const WindowDc screen(nullptr);
+    EXPECT_EQ(DotsPerInch(nullptr), ::GetDeviceCaps(screen.get(), LOGPIXELSX));
+    EXPECT_EQ(DotsPerInch(reinterpret_cast<HWND>(1)), 96);
+}
+
 bool operator==(const RECT& one, const RECT& other) {
     return ::EqualRect(&one, &other) != FALSE;
 }
@@ -120,6 +126,15 @@ TEST_F(Centring, LeavesAWindowWithoutAnOwnerWhereItIs) {
     CentreOverOwner(owner_);
     EXPECT_EQ(PlaceOnScreen(owner_).left, work_.left + 11);
     EXPECT_EQ(PlaceOnScreen(owner_).top, work_.top + 12);
+}
+
+TEST_F(Centring, LeavesAWindowOfAMinimisedOwnerWhereItIs) {
+    MoveWindowTo(owned_, work_.left + 11, work_.top + 12);
+    ::SetWindowLongPtrW(owner_, GWL_STYLE, WS_POPUP | WS_MINIMIZE);
+    ASSERT_TRUE(::IsIconic(owner_));
+    CentreOverOwner(owned_);
+    EXPECT_EQ(PlaceOnScreen(owned_).left, work_.left + 11);
+    EXPECT_EQ(PlaceOnScreen(owned_).top, work_.top + 12);
 }
 
 TEST_F(Centring, PutsAWindowInTheMiddleOfTheWorkArea) {
