@@ -12,6 +12,7 @@
 #include <winternl.h>
 
 #include <memory>
+#include <stdexcept>
 
 namespace orv {
 namespace test {
@@ -107,8 +108,13 @@ void CALLBACK Watch(ULONG, const LoadedLibrary* library, void*) {
     const std::wstring name(library->name->Buffer, library->name->Length / sizeof(wchar_t));
     if (name != L"OrvRendering.gup" || disableThreadCalls != nullptr)
         return;
-    disableThreadCalls = std::make_unique<ImportPatch>(library->module, "DisableThreadLibraryCalls",
-                                                       reinterpret_cast<ULONGLONG>(&NoteDisabling));
+    try {
+        disableThreadCalls =
+            std::make_unique<ImportPatch>(library->module, "DisableThreadLibraryCalls",
+                                          reinterpret_cast<ULONGLONG>(&NoteDisabling));
+    } catch (const std::runtime_error&) {
+        // The library does not ask; no exception may reach the loader.
+    }
 }
 
 // The host starts and ends threads all the time.
