@@ -25,6 +25,16 @@ constexpr unsigned kImageShift = 12; // of the image's number in a row's state
 
 } // namespace
 
+RedrawPause::RedrawPause(HWND list) noexcept : list_(list) {
+    ::SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
+}
+
+RedrawPause::~RedrawPause() {
+    ::SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
+    if (list_ != nullptr) // without a window, this would draw all windows anew
+        ::InvalidateRect(list_, nullptr, TRUE);
+}
+
 std::wstring Control::text() const {
     const int capacity = std::max(0, ::GetWindowTextLengthW(window_)) + 1;
     std::wstring text(static_cast<std::size_t>(capacity), L'\0');
@@ -48,7 +58,12 @@ void ComboBox::add(const std::wstring& entry) const {
 }
 
 void ListBox::setLines(const std::vector<std::wstring>& lines) const {
+    const RedrawPause pause(window());
     send(LB_RESETCONTENT);
+    std::size_t units = 0;
+    for (const std::wstring& line : lines)
+        units += line.size() + 1;
+    send(LB_INITSTORAGE, lines.size(), static_cast<LPARAM>(units * sizeof(wchar_t)));
     for (const std::wstring& line : lines)
         send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(line.c_str()));
     const int width = lines.empty() ? 0 : WidestLine(window(), lines) + kTextInset;

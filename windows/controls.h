@@ -3,12 +3,24 @@
 // empty, and setting it has no effect. For the dialog's own thread.
 #pragma once
 
+#include "base/noncopyable.h"
 #include "base/windows.h"
 
 #include <string>
 #include <vector>
 
 namespace orv {
+
+// While it lives, a list does not draw itself nor count its scroll range: filling thousands of rows
+// does both once. Without effect on a null window.
+class RedrawPause : private rud_Noncopyable {
+public:
+    explicit RedrawPause(HWND list) noexcept;
+    ~RedrawPause();
+
+private:
+    HWND list_;
+};
 
 class Control {
 public:

@@ -29,21 +29,6 @@ int WidthOf(const Column& column, int dotsPerInch) {
     return ::MulDiv(column.width, dotsPerInch, USER_DEFAULT_SCREEN_DPI);
 }
 
-// While it lives, the window does not draw itself: filling thousands of rows draws once.
-class RedrawPause : private rud_Noncopyable {
-public:
-    explicit RedrawPause(HWND window) : window_(window) {
-        ::SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
-    }
-    ~RedrawPause() {
-        ::SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
-        ::InvalidateRect(window_, nullptr, TRUE);
-    }
-
-private:
-    HWND window_;
-};
-
 // The names of the rows that are in all these states (LVNI_SELECTED, LVNI_FOCUSED), from the top.
 std::vector<std::wstring> NamesOfRows(HWND table, LPARAM states) {
     std::vector<std::wstring> names;
