@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
+#include <vector>
+
 namespace orv {
 namespace test {
 namespace {
@@ -60,6 +64,23 @@ TEST(WidestLine, IsThatOfTheWindowsOwnFont) {
     ::SendMessageW(label.get(), WM_SETFONT, reinterpret_cast<WPARAM>(large.get()), FALSE);
     EXPECT_GT(WidestLine(label.get(), {L"mm"}), narrow * 2);
     ::SendMessageW(label.get(), WM_SETFONT, 0, FALSE);
+}
+
+TEST(WidestLine, IsThatOfTheLineThatMeasuresMost) {
+    const TestWindow label(L"STATIC");
+    const std::wstring latin(20, L'W');
+    const std::wstring chinese(30, L'\u5BA2');
+    std::wstring pairs;
+    for (int i = 0; i < 60; ++i)
+        pairs += L"\U0001F4F7";
+    const std::vector<std::vector<std::wstring>> lists = {
+        {L"i", latin, L"mm"}, {latin, chinese}, {chinese, latin}, {latin, chinese, pairs, L"mm"}};
+    for (const std::vector<std::wstring>& lines : lists) {
+        int widest = 0;
+        for (const std::wstring& line : lines)
+            widest = std::max(widest, WidestLine(label.get(), {line}));
+        EXPECT_EQ(WidestLine(label.get(), lines), widest) << lines.size();
+    }
 }
 
 TEST(Places, AreThoseInTheParent) {
