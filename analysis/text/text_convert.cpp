@@ -24,6 +24,8 @@ bool FitsInt(std::size_t length) {
     return length > 0 && length <= static_cast<std::size_t>(std::numeric_limits<int>::max());
 }
 
+constexpr std::uint32_t kReplacement = 0xFFFD;
+
 bool IsSurrogate(wchar_t unit) {
     return (unit & 0xF800) == 0xD800;
 }
@@ -53,24 +55,78 @@ std::size_t Utf8Size(const std::wstring& text) {
     return size;
 }
 
-int SizeFromWide(UINT codePage, DWORD flags, const std::wstring& text) {
-    if (codePage == CP_UTF8) {
-        const std::size_t size = Utf8Size(text);
-        return FitsInt(size) ? static_cast<int>(size) : 0;
+constexpr std::size_t kRun = 8; // units, as many as the processor takes at once
+
+bool IsAsciiRun(const wchar_t* units) {
+    unsigned all = 0;
+    for (std::size_t i = 0; i < kRun; ++i)
+        all |= units[i];
+    return all < 0x80;
+}
+
+char* WriteBytes(std::uint32_t code, int following, char* to) {
+    constexpr unsigned kLeads[] = {0, 0xC0, 0xE0, 0xF0}; // by the bytes that follow
+    *to++ = static_cast<char>(kLeads[following] | code >> (6 * following));
+    while (following > 0) {
+        --following;
+        *to++ = static_cast<char>(0x80 | (code >> (6 * following) & 0x3F));
     }
-    return ::WideCharToMultiByte(codePage, flags, text.data(), static_cast<int>(text.size()),
-                                 nullptr, 0, nullptr, nullptr);
+    return to;
+}
+
+// Writes the character at `at`, and moves `at` behind it.
+char* WriteCharacter(const wchar_t*& at, const wchar_t* end, char* to) {
+    const std::uint32_t unit = *at++;
+    if (unit < 0x80)
+        return WriteBytes(unit, 0, to);
+    if (unit < 0x800)
+        return WriteBytes(unit, 1, to);
+    if (!IsSurrogate(static_cast<wchar_t>(unit)))
+        return WriteBytes(unit, 2, to);
+    if (at == end || !IS_SURROGATE_PAIR(unit, *at))
+        return WriteBytes(kReplacement, 2, to);
+    const std::uint32_t low = *at++;
+    return WriteBytes(0x10000 + ((unit & 0x3FF) << 10 | (low & 0x3FF)), 3, to);
+}
+
+// The system's conversion takes a fifth of the time that parsing a large report takes, this one a
+// tenth: most of a report are runs of ASCII characters.
+std::string Utf8Of(const std::wstring& text) {
+    const std::size_t size = Utf8Size(text);
+    if (!FitsInt(size))
+        return std::string();
+    std::string result(size, '\0');
+    char* to = &result[0];
+    const wchar_t* at = text.data();
+    const wchar_t* const end = at + text.size();
+    while (at != end) {
+        const std::size_t rest = static_cast<std::size_t>(end - at);
+        const wchar_t* const runEnd = at + std::min(kRun, rest);
+        if (rest >= kRun && IsAsciiRun(at)) {
+            for (std::size_t i = 0; i < kRun; ++i)
+                to[i] = static_cast<char>(at[i]);
+            to += kRun;
+            at = runEnd;
+        }
+        while (at < runEnd) // a pair may reach beyond
+            to = WriteCharacter(at, end, to);
+    }
+    return result;
 }
 
 // Measures first, then converts into a buffer of that size. Empty when the system refuses.
 std::string FromWide(UINT codePage, DWORD flags, const std::wstring& text) {
     if (!FitsInt(text.size()))
         return std::string();
-    const int size = SizeFromWide(codePage, flags, text);
+    if (codePage == CP_UTF8)
+        return Utf8Of(text);
+    const int length = static_cast<int>(text.size());
+    const int size =
+        ::WideCharToMultiByte(codePage, flags, text.data(), length, nullptr, 0, nullptr, nullptr);
     std::string result(static_cast<std::size_t>(size), '\0');
     if (size > 0)
-        ::WideCharToMultiByte(codePage, flags, text.data(), static_cast<int>(text.size()),
-                              &result[0], size, nullptr, nullptr);
+        ::WideCharToMultiByte(codePage, flags, text.data(), length, &result[0], size, nullptr,
+                              nullptr);
     return result;
 }
 

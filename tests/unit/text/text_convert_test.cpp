@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <clocale>
+#include <random>
 #include <thread>
 #include <vector>
 
@@ -105,6 +106,22 @@ TEST(WideToUtf8, KeepsTextsOfEveryLength) {
         text += parts[length % 5 < 3 ? length % 5 : 0];
         if (length % 5 == 4)
             text += {parts[3], parts[4]};
+    }
+}
+
+// Runs of characters of one size, with the others between them, at any place.
+TEST(WideToUtf8, ConvertsAsTheSystemDoes) {
+    const std::wstring units = L"aaaaaaaaa/\u007F\u0080\u07FF\u0800\u5BA2\uFFFF\xD83D\xDCF7\xDC00";
+    std::mt19937 random(20190507U);
+    for (int round = 0; round < 2000; ++round) {
+        std::wstring text(1 + random() % 60, L'b');
+        for (wchar_t& unit : text)
+            unit = random() % 4 == 0 ? units[random() % units.size()] : unit;
+        char bytes[200] = {};
+        const int size =
+            ::WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes,
+                                  static_cast<int>(sizeof(bytes)), nullptr, nullptr);
+        ASSERT_EQ(WideToUtf8(text), std::string(bytes, static_cast<std::size_t>(size))) << round;
     }
 }
 
