@@ -2,7 +2,6 @@
 // needs for the same text.
 #include "analysis/report_reader.h"
 #include "analysis/text/text_convert.h"
-#include "bench/fastest_reporter.h"
 #include "bench/figures.h"
 #include "bench/heap.h"
 #include "bench/program.h"
@@ -10,27 +9,14 @@
 #include "resources/text.h"
 #include "tests/support/product_folder.h"
 
-#include <cstdio>
 #include <json/reader.h>
+
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace orv {
 namespace bench {
 namespace {
-
-constexpr char kParse[] = "json_parse_alone";
-constexpr char kRead[] = "read_report";
-constexpr char kReadIllegal[] = "read_report_10000_illegal_names";
-constexpr char kParseTenth[] = "json_parse_alone_tenth";
-constexpr char kReadTenth[] = "read_report_tenth";
-
-constexpr int kRepetitions = 12;
-
-constexpr ReportSize kLarge = {100000, 20000, 1000, 0};
-constexpr ReportSize kLargeIllegal = {100000, 20000, 1000, 10};
-constexpr ReportSize kTenth = {10000, 2000, 100, 0};
 
 void Parse(const std::string& json, Json::Value& report) {
     if (!Json::Reader().parse(json, report))
@@ -42,111 +28,65 @@ void Read(SceneAnalysis& analysis) {
         throw std::runtime_error("the report cannot be read");
 }
 
-// Letting the parsed document go is part of both times, as it is of reading a report.
-void ParseAlone(benchmark::State& state, const std::string& json) {
-    for (auto iteration : state) {
-        static_cast<void>(iteration);
+// Letting the parsed document go is part of both times.
+double ParseAlone(const std::string& json) {
+    return ProcessorTime(kTimesALarge, [&json] {
         Json::Value report;
         Parse(json, report);
-        benchmark::DoNotOptimize(report);
-    }
+    });
 }
 
-void ReadReport(benchmark::State& state, const std::wstring& text) {
-    // Prepared before, so that the clock need not be stopped: it ticks in hundredths of a second.
-    std::vector<SceneAnalysis> analyses(static_cast<std::size_t>(state.max_iterations));
-    for (SceneAnalysis& analysis : analyses)
+double ReadTimes(int times, const std::wstring& text) {
+    const auto prepare = [&text] {
+        SceneAnalysis analysis;
         analysis.reportText = text;
-    auto analysis = analyses.begin();
-    for (auto iteration : state) {
-        static_cast<void>(iteration);
-        Read(*analysis++);
-    }
-}
-
-template<typename Function, typename Text>
-void Register(const char* name, Function function, const Text& text, int iterations) {
-    benchmark::RegisterBenchmark(
-        name, [function, &text](benchmark::State& state) { function(state, text); })
-        ->Unit(benchmark::kMillisecond)
-        ->Iterations(iterations)
-        ->Repetitions(kRepetitions);
-}
-
-void AddTimes(const FastestReporter& times, Figures& figures) {
-    const struct {
-        const char* figure;
-        const char* dividend;
-        const char* divisor;
-        double limit;
-    } ratios[] = {
-        {"read_report/json_parse_alone", kRead, kParse, 1.5},
-        {"read_report/read_report_tenth", kRead, kReadTenth, 11.0},
+        return analysis;
     };
-    for (const auto& ratio : ratios) {
-        if (times.has(ratio.dividend) && times.has(ratio.divisor))
-            figures.add(ratio.figure, times.fastest(ratio.dividend) / times.fastest(ratio.divisor),
-                        ratio.limit);
-    }
+    return ProcessorTime(times, prepare, [](SceneAnalysis& analysis) {
+        Read(analysis);
+        analysis.report.reset();
+    });
 }
 
-struct Memory {
-    std::int64_t document; // the parsed document alone
-    std::int64_t peak;     // while the report is read, above what was in use before
-};
+// The bytes of the parsed document.
+double DocumentMemory(const std::string& json) {
+    Json::Value report;
+    const HeapCount count;
+    Parse(json, report);
+    return static_cast<double>(count.inUse());
+}
 
-Memory MemoryOf(const std::string& json) {
-    Memory memory{};
+// The most bytes while the report is read, above what was in use before.
+double PeakOfReading(const std::wstring& text) {
     SceneAnalysis analysis;
-    analysis.reportText = Utf8ToWide(json);
-    {
-        Json::Value report;
-        const HeapCount count;
-        Parse(json, report);
-        memory.document = count.inUse();
-    }
+    analysis.reportText = text;
     const HeapCount count;
     Read(analysis);
-    memory.peak = count.peak();
-    return memory;
+    return static_cast<double>(count.peak());
 }
 
-double Megabytes(std::int64_t bytes) {
-    return static_cast<double>(bytes) / 1e6;
+void MeasureMemory(const std::string& name, const std::string& json, Figures& figures) {
+    const std::wstring text = Utf8ToWide(json);
+    figures.measure(
+        name, kSameEachTime, [&text] { return PeakOfReading(text); },
+        [&json] { return DocumentMemory(json); }, 1.6);
 }
 
-void AddMemory(const char* name, const std::string& json, Figures& figures) {
-    const Memory memory = MemoryOf(json);
-    std::printf(
-        "memory: %s: text %.1f MB, parsed document alone %.1f MB, peak of reading %.1f MB\n", name,
-        Megabytes(static_cast<std::int64_t>(json.size())), Megabytes(memory.document),
-        Megabytes(memory.peak));
-    figures.add(std::string(name) + "_peak/parsed_document_memory",
-                static_cast<double>(memory.peak) / static_cast<double>(memory.document), 1.6);
-}
-
-int Run() {
+void Run(Figures& figures) {
     const test::TestProductFolder product;
-    const std::string large = MakeReport(kLarge);
-    const std::string largeIllegal = MakeReport(kLargeIllegal);
-    const std::string tenth = MakeReport(kTenth);
+    const std::string large = MakeReport(kLargeReport);
     const std::wstring largeText = Utf8ToWide(large);
-    const std::wstring largeIllegalText = Utf8ToWide(largeIllegal);
-    const std::wstring tenthText = Utf8ToWide(tenth);
-
-    Register(kParse, ParseAlone, large, 2);
-    Register(kRead, ReadReport, largeText, 2);
-    Register(kReadIllegal, ReadReport, largeIllegalText, 2);
-    Register(kParseTenth, ParseAlone, tenth, 20);
-    Register(kReadTenth, ReadReport, tenthText, 20);
-    FastestReporter times;
-    benchmark::RunSpecifiedBenchmarks(&times);
-
-    Figures figures;
-    AddTimes(times, figures);
-    AddMemory(kRead, large, figures);
-    AddMemory(kReadIllegal, largeIllegal, figures);
-    return figures.exitCode();
+    const std::wstring tenthText = Utf8ToWide(MakeReport({10000, 2000, 100, 0}));
+    const auto read = [&largeText] { return ReadTimes(kTimesALarge, largeText); };
+    figures.measure(
+        "read_report/json_parse_alone", kShortWork, read, [&large] { return ParseAlone(large); },
+        1.35);
+    figures.measure(
+        "read_report/read_report_tenth", kShortWork, read,
+        [&tenthText] { return ReadTimes(10 * kTimesALarge, tenthText) / 10; }, 11.0);
+    MeasureMemory("read_report_peak/parsed_document_memory", large, figures);
+    MeasureMemory("read_report_10000_illegal_names_peak/parsed_document_memory",
+                  MakeReport({100000, 20000, 1000, 10}), figures);
 }
 
 } // namespace

@@ -3,10 +3,12 @@
 namespace orv {
 namespace bench {
 
-// The course of each benchmark program: takes Google Benchmark's options from the command line and
-// calls `run`, which registers and runs the benchmarks. Returns the program's exit code: what `run`
-// returns, or 2, with a line on standard error, after an exception or an unknown option.
-int RunProgram(int argc, char** argv, int (*run)());
+class Figures;
+
+// The course of each benchmark program: calls `run` with the figures whose names match the regular
+// expression on the command line, all without one. Returns the program's exit code: that of the
+// figures, or 2, with a line on standard error, after an exception.
+int RunProgram(int argc, char** argv, void (*run)(Figures& figures));
 
 } // namespace bench
 } // namespace orv

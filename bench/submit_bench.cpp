@@ -1,7 +1,6 @@
 // How long a submission takes against the archiver alone, and writing a large job file against what
 // JsonCpp alone needs for the same text.
 #include "analysis/text/text_convert.h"
-#include "bench/fastest_reporter.h"
 #include "bench/figures.h"
 #include "bench/program.h"
 #include "bench/report_text.h"
@@ -21,13 +20,10 @@
 #include "tests/unit/submit/reply_server.h"
 #include "tests/unit/submit/test_dialog.h"
 
-#include <benchmark/benchmark.h>
 #include <json/reader.h>
 #include <json/writer.h>
 
-#include <algorithm>
 #include <chrono>
-#include <cstdio>
 #include <memory>
 #include <stdexcept>
 
@@ -35,31 +31,13 @@ namespace orv {
 namespace bench {
 namespace {
 
-constexpr char kArchiver[] = "archiver_alone_200_mb";
-constexpr char kSubmission[] = "submission_200_mb";
-constexpr char kJsonAlone[] = "json_parse_and_render_alone";
-constexpr char kJobFile[] = "job_file_100000_references";
-
 constexpr double kWait = 1.0; // seconds that a submission lets the archive settle
-constexpr int kSceneRepetitions = 3;
-constexpr int kJsonRepetitions = 12;
 
 using Clock = std::chrono::steady_clock;
 
 double SecondsSince(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
-
-// The shortest run: whatever else the machine does only makes one longer.
-class Shortest {
-public:
-    void add(double seconds) { seconds_ = isKnown() ? std::min(seconds_, seconds) : seconds; }
-    bool isKnown() const { return seconds_ > 0.0; }
-    double seconds() const { return seconds_; }
-
-private:
-    double seconds_ = 0.0;
-};
 
 // A large scene in a new folder, and everything that its submission needs.
 class LargeScene {
@@ -85,7 +63,7 @@ public:
         return seconds;
     }
 
-    // From the worker's start to its end.
+    // From the worker's start to its end, less the time that it only waits.
     double submit() {
         test::TestDialog dialog;
         dialog.setText(IDC_SCENE_NAME, L"room");
@@ -103,7 +81,7 @@ public:
         if (result != kSubmitEnded || test::ListFolder(output + L"\\compress").size() != 1)
             throw std::runtime_error("the submission failed");
         test::DeleteTree(output);
-        return seconds;
+        return seconds - kWait;
     }
 
 private:
@@ -112,26 +90,12 @@ private:
     test::FakeDoor host_;
 };
 
-template<class Function>
-void Register(const char* name, int repetitions, Function function) {
-    benchmark::RegisterBenchmark(name,
-                                 [function](benchmark::State& state) {
-                                     for (auto iteration : state) {
-                                         static_cast<void>(iteration);
-                                         function();
-                                     }
-                                 })
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime()
-        ->Iterations(1)
-        ->Repetitions(repetitions);
-}
-
 void ParseAndRenderAlone(const std::string& json) {
     Json::Value report;
     if (!Json::Reader().parse(json.data(), json.data() + json.size(), report))
         throw std::runtime_error("the report is not JSON");
-    benchmark::DoNotOptimize(Json::StyledWriter().write(report));
+    if (Json::StyledWriter().write(report).empty())
+        throw std::runtime_error("the report cannot be written");
 }
 
 // Writes the job file into a new folder.
@@ -153,36 +117,24 @@ private:
     SceneAnalysis analysis_;
 };
 
-int Run() {
-    const std::string json = MakeReport({100000, 20000, 1000, 0});
-    std::unique_ptr<LargeScene> scene; // made when a benchmark wants it: a filter may leave it out
+void Run(Figures& figures) {
+    const std::string json = MakeReport(kLargeReport);
+    LargeJob job(json);
+    figures.measure(
+        "job_file_100000_references/json_parse_and_render_alone", kShortWork,
+        [&job] { return ProcessorTime(kTimesALarge, [&job] { job.write(); }); },
+        [&json] { return ProcessorTime(kTimesALarge, [&json] { ParseAndRenderAlone(json); }); },
+        1.2);
+    std::unique_ptr<LargeScene> scene; // made when it is measured: a filter may leave it out
     const auto theScene = [&scene]() -> LargeScene& {
         if (!scene)
             scene = std::make_unique<LargeScene>();
         return *scene;
     };
-    LargeJob job(json);
-    Shortest alone;
-    Shortest whole;
-    Register(kArchiver, kSceneRepetitions, [&] { alone.add(theScene().packAlone()); });
-    Register(kSubmission, kSceneRepetitions, [&] { whole.add(theScene().submit()); });
-    Register(kJsonAlone, kJsonRepetitions, [&] { ParseAndRenderAlone(json); });
-    Register(kJobFile, kJsonRepetitions, [&] { job.write(); });
-    FastestReporter times;
-    benchmark::RunSpecifiedBenchmarks(&times);
-
-    Figures figures;
-    if (alone.isKnown() && whole.isKnown()) {
-        std::printf(
-            "times: archiver alone %.2f s, whole submission %.2f s, of which it waits %.0f s\n",
-            alone.seconds(), whole.seconds(), kWait);
-        figures.add("submission_less_its_wait/archiver_alone",
-                    (whole.seconds() - kWait) / alone.seconds(), 1.05);
-    }
-    if (times.has(kJobFile) && times.has(kJsonAlone))
-        figures.add("job_file_100000_references/json_parse_and_render_alone",
-                    times.fastest(kJobFile) / times.fastest(kJsonAlone), 1.5);
-    return figures.exitCode();
+    figures.measure(
+        "submission_less_its_wait/archiver_alone", kLongWork,
+        [&theScene] { return theScene().submit(); }, [&theScene] { return theScene().packAlone(); },
+        1.03);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-# JsonCpp, GoogleTest and Google Benchmark. On Linux `./dev setup` builds them into build/deps with the product's own compiler;
-# on Windows vcpkg does, by the manifest vcpkg.json.
+# JsonCpp and GoogleTest. On Linux `./dev setup` builds them into build/deps with the product's own compiler; on
+# Windows vcpkg does, by the manifest vcpkg.json.
 if(MSVC)
   find_package(Threads REQUIRED)
   find_package(jsoncpp CONFIG REQUIRED)
@@ -16,4 +16,3 @@ list(PREPEND CMAKE_FIND_ROOT_PATH ${ORV_DEPS_DIR})
 find_package(Threads REQUIRED)
 find_package(jsoncpp REQUIRED CONFIG)
 find_package(GTest REQUIRED CONFIG)
-find_package(benchmark REQUIRED CONFIG)

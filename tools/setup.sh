@@ -19,8 +19,6 @@ packages=(
 )
 jsoncpp_package=libjsoncpp
 jsoncpp_version=1.9.5
-benchmark_package=benchmark
-benchmark_version=1.7.1
 seven_zip_package=7zip-bin@5.2.0
 
 dev_setup() {
@@ -29,7 +27,6 @@ dev_setup() {
   setup_googletest
   setup_jsoncpp
   setup_licences
-  setup_benchmark
   setup_seven_zip
   setup_wine_prefix
   end_last
@@ -111,19 +108,6 @@ setup_licences() {
   mkdir -p "$deps_dir/licences"
   cp "$work_dir/$jsoncpp_package-source/LICENSE" "$deps_dir/licences/jsoncpp.txt"
   mark_done licences "$recipe"
-}
-
-setup_benchmark() {
-  local recipe
-  recipe="$benchmark_package $benchmark_version, GCC $(compiler_version)"
-  is_done benchmark "$recipe" && return
-  mark_undone benchmark
-  step "fetch Google Benchmark" fetch_debian_source "$benchmark_package" "$benchmark_version" benchmark_version
-  # Debian's sources do not tell their version; their build files need one.
-  step "build Google Benchmark" build_dependency "$work_dir/$benchmark_package-source" benchmark \
-    -DBENCHMARK_ENABLE_TESTING=OFF -DBENCHMARK_ENABLE_GTEST_TESTS=OFF -DBENCHMARK_INSTALL_DOCS=OFF \
-    "-DGIT_VERSION=$benchmark_version"
-  mark_done benchmark "$recipe"
 }
 
 # fetch_debian_source PACKAGE VERSION VARIABLE: unpacks the sources of PACKAGE into PACKAGE-source of the
