@@ -89,6 +89,13 @@ start_wine_server() {
     close_locks
     exec wine rundll32 user32.dll,MessageBeep
   ) >/dev/null 2>&1 </dev/null || true
+  # The desktop ends a second after its last program. The next program starts another one, and where that
+  # takes longer than ten seconds, on a busy machine, goes on without: it has no windows. A program that
+  # only waits keeps the desktop until the server ends.
+  (
+    close_locks
+    exec wine ping -n 1000000 127.0.0.1
+  ) >/dev/null 2>&1 </dev/null &
 }
 
 # end_wine: ends every program that runs in the prefix.

@@ -61,6 +61,12 @@ def wine(*command):
     return run("wine", *command)[0]
 
 
+def need_code(code, what, *command):
+    """The command ends with that exit code."""
+    actual, told = run("wine", *command)
+    need(actual == code, f"{what}: exit code {actual} {told}")
+
+
 def package(version, scripts):
     """Makes the package of a version; returns the installer."""
     output = WORK / f"package-{version}"
@@ -166,7 +172,7 @@ class InstalledDemo(demo_run.Demo):
 
     def open_menu(self, host, title):
         # The host runs and has the plug-in loaded: nothing may be exchanged below it.
-        need(wine(self.installer, "/S") == IN_USE, "a plug-in in use was not noticed")
+        need_code(IN_USE, "a plug-in in use was not noticed", self.installer, "/S")
         need((BUNDLE / "Contents/OrvRendering.gup").is_file(), "the plug-in in use was removed")
         super().open_menu(host, title)
 
@@ -212,13 +218,13 @@ def test():
     check_symbols(current)
 
     print("-- an older version is installed", flush=True)
-    need(wine(older, "/S") == DONE, "the older version was not installed")
+    need_code(DONE, "the older version was not installed", older, "/S")
     old_codes = check_installed(OLDER, old_scripts)
 
     print("-- upgrade: the old files leave, the settings stay", flush=True)
     settings = SETTINGS.read_bytes() + b"RENDER_CHANNEL_COLOR=1\r\n"
     SETTINGS.write_bytes(settings)
-    need(wine(current, "/S") == DONE, "the upgrade failed")
+    need_code(DONE, "the upgrade failed", current, "/S")
     shutil.rmtree(PRODUCT / f"log{OLDER}")
     codes = check_installed(VERSION, scripts)
     need(SETTINGS.read_bytes() == settings, "the settings were changed")
@@ -227,16 +233,16 @@ def test():
     print("-- repair", flush=True)
     (PRODUCT / "7-Zip/7z.exe").unlink()
     (BUNDLE / "Contents/OrvRendering.gup").write_bytes(b"damaged")
-    need(wine(current, "/S") == DONE, "the repair failed")
+    need_code(DONE, "the repair failed", current, "/S")
     check_installed(VERSION, scripts)
     need(SETTINGS.read_bytes() == settings, "the repair changed the settings")
 
     print("-- an older version does not replace a newer one", flush=True)
-    need(wine(older, "/S") == NEWER, "the older version was not refused")
+    need_code(NEWER, "the older version was not refused", older, "/S")
     check_installed(VERSION, scripts)
 
     print("-- the host makes the parser that the plug-in loads", flush=True)
-    need(wine(BIN / "standin-script.exe", BUNDLE / "Contents/OrvInstallParser.ms") == DONE, "the script failed")
+    need_code(DONE, "the script failed", BIN / "standin-script.exe", BUNDLE / "Contents/OrvInstallParser.ms")
     need((PRODUCT / f"script/{PARSER}.mse").is_file(), "there is no parser")
 
     print("-- a scene is submitted from the installed bundle", flush=True)
@@ -251,14 +257,14 @@ def test():
                    *(f"log{OLDER}/rud_{n}.log" for n in ("data", "ui", "http"))})
 
     print("-- removal with settings and logs leaves the user's own files alone", flush=True)
-    need(wine(current, "/S") == DONE, "the second installation failed")
+    need_code(DONE, "the second installation failed", current, "/S")
     need("RENDER_CHANNEL_COLOR" in SETTINGS.read_text("ascii"), "the kept settings do not count")
     need(uninstall("/REMOVESETTINGS") == DONE, "the second removal failed")
     check_removed({backup})
 
     print("-- removal without such files leaves nothing", flush=True)
     shutil.rmtree(PRODUCT)
-    need(wine(current, "/S") == DONE, "the third installation failed")
+    need_code(DONE, "the third installation failed", current, "/S")
     need(uninstall("/REMOVESETTINGS") == DONE, "the third removal failed")
     check_removed(set())
     need(not PRODUCT.exists(), "the product folder is still there")
