@@ -3,6 +3,7 @@
 
 #include "tests/support/files.h"
 #include "tests/support/product_folder.h"
+#include "tests/support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -60,6 +61,23 @@ TEST(ModuleLog, HasNoFileBeforeItIsOpened) {
     log.setMaxSizeMB(kLimitMB);
     log.write("lost", kInfo);
     EXPECT_TRUE(test::ListFolder(product.path(L"/log")).empty());
+}
+
+// Without a name, its files would be those of the host's current folder.
+TEST(ModuleLog, RotatesNothingBeforeItIsOpened) {
+    const TestProductFolder product;
+    const test::TemporaryFolder current;
+    test::WriteFileBytes(current.file(L".log"), "somebody's");
+    std::wstring former(MAX_PATH, L'\0');
+    ::GetCurrentDirectoryW(MAX_PATH, &former[0]);
+    ::SetCurrentDirectoryW(current.path().c_str());
+    {
+        ModuleLog log; // its limit is 0: each line is one too many
+        log.write("lost", kInfo);
+    }
+    ::SetCurrentDirectoryW(former.c_str());
+    EXPECT_EQ(test::ListFolder(current.path()), std::vector<std::wstring>{L".log"});
+    EXPECT_EQ(test::ReadFileBytes(current.file(L".log")), "somebody's");
 }
 
 TEST(ModuleLog, WritesALineOfTimeLevelAndMessage) {
