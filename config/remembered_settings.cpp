@@ -36,7 +36,7 @@ const std::vector<RememberedControl>& RememberedControls() {
         {IDC_TIME_LIMIT, L"EDIT_DURATION2", RememberedKind::EditField, kNoLimit},
         {IDC_AO_RADIUS, L"EDIT_AO_RADIUS", RememberedKind::EditField, kDefaultAoRadius},
         {IDC_AO_SUBDIVS, L"EDIT_AO_SUBDIVS", RememberedKind::EditField, kDefaultAoSubdivs},
-        {IDC_GAMMA, L"EDIT_OUTPUT_GAMMA", RememberedKind::EditField, L"2.2"},
+        {IDC_GAMMA, L"EDIT_OUTPUT_GAMMA", RememberedKind::EditField, kDefaultGamma},
         {IDC_PASS_LIMIT, L"EDIT_ITERATIONS_A", RememberedKind::EditField, kNoLimit},
         {IDC_NOISE_LEVEL, L"EDIT_NOISE_LEVEL2", RememberedKind::EditField, kNoLimit},
         {IDC_NO_BLOCKS, L"NOBLOCK", RememberedKind::RadioButton, L"1"},

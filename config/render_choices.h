@@ -30,9 +30,10 @@ constexpr std::int32_t GiScaleEntry(std::int32_t selection) {
 
 // What the fields of the dialog open with, and what the settings file has when nothing is to be
 // remembered. The time limit opens with "0.0" and is kept as kNoLimit; the gamma opens with the
-// scene's.
+// scene's, where the analysis found one.
 constexpr wchar_t kDefaultAoRadius[] = L"1000.0";
 constexpr wchar_t kDefaultAoSubdivs[] = L"16";
+constexpr wchar_t kDefaultGamma[] = L"2.2";
 constexpr wchar_t kNoLimit[] = L"0"; // of passes, noise and time
 
 } // namespace orv

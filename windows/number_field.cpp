@@ -49,17 +49,24 @@ std::wstring StepDecimal(const std::wstring& text, int steps, double step,
     return DecimalText(std::max(range.minimum, std::min(value, range.maximum)), 1);
 }
 
+namespace {
+
+std::wstring TextInRange(const NumberRules& rules, const DecimalRange& range,
+                         const std::wstring& text) {
+    if (rules.typed == TypedText::WholeNumber)
+        return ClampWholeNumber(text, static_cast<std::int32_t>(range.minimum),
+                                static_cast<std::int32_t>(range.maximum));
+    return ClampDecimal(FilterDecimal(text, kTypedFractionDigits), range);
+}
+
+} // namespace
+
 std::wstring TextByRules(const NumberRules& rules, const std::wstring& text) {
-    switch (rules.typed) {
-    case TypedText::Kept:
-        break;
-    case TypedText::WholeNumber:
-        return ClampWholeNumber(text, static_cast<std::int32_t>(rules.range.minimum),
-                                static_cast<std::int32_t>(rules.range.maximum));
-    case TypedText::Decimal:
-        return ClampDecimal(FilterDecimal(text, kTypedFractionDigits), rules.range);
-    }
-    return text;
+    return TextInRange(rules, rules.range, text);
+}
+
+std::wstring TextWhileTyped(const NumberRules& rules, const std::wstring& text) {
+    return TextInRange(rules, {rules.typedMinimum, rules.range.maximum}, text);
 }
 
 void NumberField::open() const {
@@ -71,9 +78,17 @@ void NumberField::open() const {
 void NumberField::applyRules() const {
     const Edit edit(dialog_, rules_.edit);
     const std::wstring text = edit.text();
-    const std::wstring kept = TextByRules(rules_, text);
-    if (kept != text)
-        edit.setTextAndCaret(kept);
+    keep(::GetFocus() == edit.window() ? TextWhileTyped(rules_, text) : TextByRules(rules_, text));
+}
+
+void NumberField::settle() const {
+    keep(TextByRules(rules_, Edit(dialog_, rules_.edit).text()));
+}
+
+void NumberField::keep(const std::wstring& text) const {
+    const Edit edit(dialog_, rules_.edit);
+    if (edit.text() != text)
+        edit.setTextAndCaret(text);
 }
 
 bool NumberField::step(int steps) const {

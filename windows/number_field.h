@@ -31,11 +31,10 @@ std::wstring ClampWholeNumber(const std::wstring& text, std::int32_t minimum, st
 std::wstring StepDecimal(const std::wstring& text, int steps, double step,
                          const DecimalRange& range);
 
-// What becomes of the text that a user types into a field.
+// What kind of number a field holds.
 enum class TypedText {
-    Kept,        // as it is
-    WholeNumber, // brought into the range
-    Decimal,     // the same, with three digits behind the "."
+    WholeNumber,
+    Decimal, // with up to three digits behind the "."
 };
 
 // The step of arrows that count by themselves.
@@ -45,6 +44,7 @@ struct NumberRules {
     int edit;
     int arrows;
     DecimalRange range;
+    double typedMinimum; // what the user types may begin with: 25 begins with 2
     TypedText typed;
     double step;       // of one click on the arrows, or kOwnCount
     int arrowsMinimum; // the arrows' own range
@@ -52,8 +52,11 @@ struct NumberRules {
     const wchar_t* openingText; // null for a field that is filled otherwise
 };
 
-// What becomes of a typed text under the rules.
+// What becomes of a text under the rules: a number in the range.
 std::wstring TextByRules(const NumberRules& rules, const std::wstring& text);
+
+// The same while the user types: a number below the range is kept from typedMinimum on.
+std::wstring TextWhileTyped(const NumberRules& rules, const std::wstring& text);
 
 // One such field of a dialog. For the dialog's own thread.
 class NumberField {
@@ -63,13 +66,17 @@ public:
 
     // Sets the arrows' range and the opening text.
     void open() const;
-    // Brings what was typed under the rules. Sets the text only when it differs: setting it is a
-    // change again.
+    // Brings a text that has changed under the rules: those for typing while the edit has the
+    // keyboard. Sets the text only when it differs: setting it is a change again.
     void applyRules() const;
+    // Brings the number into its range: the user has left the edit, or what it holds is needed.
+    void settle() const;
     // Carries out a click on the arrows, unless they count by themselves: then it returns false.
     bool step(int steps) const;
 
 private:
+    void keep(const std::wstring& text) const;
+
     HWND dialog_;
     const NumberRules& rules_;
 };

@@ -214,6 +214,77 @@ TEST_F(Options, KeepWhatIsTypedInRange) {
     EXPECT_EQ(text(1047), L"5.000");
 }
 
+// A text that is set, as by the settings, is brought into the range at once.
+TEST_F(Options, KeepTheNumbersOfTheElementsInRange) {
+    open();
+    Press(window_, 1044);
+    struct Case {
+        int edit;
+        const wchar_t* set;
+        const wchar_t* kept;
+    };
+    for (const Case& row : {
+             Case{1037, L"0", L"1"},
+             Case{1037, L"1001", L"1000"},
+             Case{1037, L"24 x", L"24"},
+             Case{1039, L"0", L"0.10"},
+             Case{1039, L"9", L"5.00"},
+             Case{1039, L"2.3456", L"2.345"},
+             Case{1039, L"1a", L"0.10"},
+             Case{1039, L"01.8", L"1.800"},
+             Case{1040, L"5", L"10.00"},
+             Case{1040, L"2000000000", L"1000000000.00"},
+             Case{1040, L"77.7777", L"77.777"},
+             Case{1040, L"12a", L"10.00"},
+         }) {
+        ::SetDlgItemTextW(window_, row.edit, row.set);
+        EXPECT_EQ(text(row.edit), row.kept) << row.edit;
+    }
+}
+
+TEST_F(Options, LetANumberBeginBelowItsRangeWhileItIsTyped) {
+    open();
+    Press(window_, 1044);
+    Type(window_, 1040, L"25");
+    EXPECT_EQ(text(1040), L"25");
+    Type(window_, 1039, L"0.75");
+    EXPECT_EQ(text(1039), L"0.75");
+    Type(window_, 1037, L"24");
+    EXPECT_EQ(text(1037), L"24");
+    Type(window_, 1040, L"5");
+    EXPECT_EQ(text(1040), L"5") << "more may follow";
+    PressKey(window_, 1040, VK_TAB);
+    EXPECT_EQ(text(1040), L"10.00");
+    Type(window_, 1039, L"9");
+    EXPECT_EQ(text(1039), L"5.00") << "nothing that follows makes it smaller";
+}
+
+// The report of a scene without one, or with one that no image can have.
+TEST_F(Options, ShowTheGammaOfTheScene) {
+    struct Case {
+        const char* report; // its member
+        const wchar_t* shown;
+    };
+    for (const Case& row : {
+             Case{"", L"2.2"},
+             Case{R"("gamma_out": "1.8",)", L"1.8"},
+             Case{R"("gamma_out": "0",)", L"2.2"},
+             Case{R"("gamma_out": "-1",)", L"2.2"},
+             Case{R"("gamma_out": "wide",)", L"2.2"},
+             Case{R"("gamma_out": "0.01",)", L"0.10"},
+             Case{R"("gamma_out": "7.5",)", L"5.00"},
+         }) {
+        HostInProcess host;
+        host.setParser("text", std::string("{") + row.report + R"("name": "D:/room.max",
+            "is_region": "false", "image_width": "1920", "image_height": "1080",
+            "start_frame": "0", "image_format": "png", "cameras": [{"name": "a"}]})");
+        host.start();
+        HWND window = host.openDialog();
+        ASSERT_NE(window, nullptr);
+        EXPECT_EQ(Text(window, 1039), row.shown) << row.report;
+    }
+}
+
 TEST_F(Options, HideTheLimitsOfOtherRenderers) {
     open();
     for (const int id : kCoronaGroup)
@@ -256,10 +327,10 @@ TEST_F(Options, AreRestoredFromTheSettingsFile) {
         "EDIT_OUTPUT_GAMMA=1.8\r\nEDIT_ITERATIONS_A=99999999999\r\nEDIT_NOISE_LEVEL2=250\r\n"
         "NOBLOCK=0\r\nDCSBLOCK=1\r\n");
     open();
-    for (const int box : {1043, 1044, 1053, 1056, 1001, 1033})
+    for (const int box : {1043, 1044, 1053, 1001, 1033})
         EXPECT_TRUE(checked(box)) << box;
-    for (const int box : {1051, 1002, 1030, 1031, 1032})
-        EXPECT_FALSE(checked(box)) << box;
+    for (const int box : {1051, 1002, 1030, 1031, 1032, 1056})
+        EXPECT_FALSE(checked(box)) << box; // Corona has no GI pre-pass
     EXPECT_EQ(text(1047), L"12.345");
     EXPECT_EQ(text(1054), L"2147483647");
     EXPECT_EQ(text(1045), L"100.00");
@@ -267,8 +338,16 @@ TEST_F(Options, AreRestoredFromTheSettingsFile) {
     EXPECT_EQ(text(1037), L"24");
     EXPECT_EQ(text(1039), L"1.8");
     EXPECT_EQ(::SendMessageW(control(1057), CB_GETCURSEL, 0, 0), 2);
-    for (const int id : {1066, 1040, 1067, 1068, 1037, 1055, 1057, 1075, 1076})
+    for (const int id : {1066, 1040, 1067, 1068, 1037, 1075, 1076})
         EXPECT_TRUE(enabled(id)) << id;
+}
+
+TEST_F(Options, RestoreTheGiPrePassWhereItIsShown) {
+    host_.product.writeSettings("lowerversion=1.3.7\r\nCHECK_GI=1\r\nGI_SIZE=3\r\n");
+    open();
+    EXPECT_TRUE(checked(1056));
+    EXPECT_TRUE(enabled(1055) && enabled(1057));
+    EXPECT_EQ(text(1057), L"25%");
 }
 
 TEST_F(Options, RestoreThreeBlocksWithoutTheMaterialChannel) {

@@ -20,11 +20,12 @@ constexpr int kMostNoise = 100;   // per cent
 
 // Arrows with a step never move from their own position: the edit holds the number.
 constexpr NumberRules kNumberFields[] = {
-    {IDC_GAMMA, IDC_GAMMA_SPIN, {0.1, 5.0}, TypedText::Kept, 0.1, 0, 5, nullptr},
+    {IDC_GAMMA, IDC_GAMMA_SPIN, {0.1, 5.0}, 0.0, TypedText::Decimal, 0.1, 0, 5, nullptr},
     {IDC_AO_RADIUS,
      IDC_AO_RADIUS_SPIN,
      {10.0, 1000000000.0},
-     TypedText::Kept,
+     0.0,
+     TypedText::Decimal,
      0.1,
      0,
      707072,
@@ -32,7 +33,8 @@ constexpr NumberRules kNumberFields[] = {
     {IDC_AO_SUBDIVS,
      IDC_AO_SUBDIVS_SPIN,
      {1.0, 1000.0},
-     TypedText::Kept,
+     0.0,
+     TypedText::WholeNumber,
      kOwnCount,
      1,
      1000,
@@ -40,6 +42,7 @@ constexpr NumberRules kNumberFields[] = {
     {IDC_BLOCK_COUNT,
      IDC_BLOCK_COUNT_SPIN,
      {kFewestBlocks, kMostBlocks},
+     kFewestBlocks,
      TypedText::WholeNumber,
      1.0,
      kFewestBlocks,
@@ -48,6 +51,7 @@ constexpr NumberRules kNumberFields[] = {
     {IDC_PASS_LIMIT,
      IDC_PASS_LIMIT_SPIN,
      {0.0, kMostPasses},
+     0.0,
      TypedText::WholeNumber,
      kOwnCount,
      0,
@@ -56,6 +60,7 @@ constexpr NumberRules kNumberFields[] = {
     {IDC_NOISE_LEVEL,
      IDC_NOISE_LEVEL_SPIN,
      {0.0, kMostNoise},
+     0.0,
      TypedText::Decimal,
      0.1,
      0,
@@ -64,6 +69,7 @@ constexpr NumberRules kNumberFields[] = {
     {IDC_TIME_LIMIT,
      IDC_TIME_LIMIT_SPIN,
      {0.0, kLongestTime},
+     0.0,
      TypedText::Decimal,
      0.1,
      0,
@@ -114,6 +120,11 @@ void OpenNumberFields(HWND dialog) {
         NumberField(dialog, field).open();
 }
 
+void SettleNumberFields(HWND dialog) {
+    for (const NumberRules& field : kNumberFields)
+        NumberField(dialog, field).settle();
+}
+
 std::int32_t BlockModeOf(int radioButton) {
     for (const BlockRadio& radio : kBlockRadios) {
         if (radio.radioButton == radioButton)
@@ -157,11 +168,6 @@ void EnableControls(HWND dialog, const std::vector<int>& ids, bool enabled) {
 void ShowControls(HWND dialog, const std::vector<int>& ids, bool shown) {
     for (const int id : ids)
         Control(dialog, id).show(shown);
-}
-
-void DisableOptionsOfCheckBoxes(HWND dialog) {
-    for (const EnablingRule& rule : EnablingRules())
-        EnableControls(dialog, rule.controls, false);
 }
 
 void EnableByCheckBoxes(HWND dialog) {

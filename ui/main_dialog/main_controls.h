@@ -18,6 +18,9 @@ const NumberRules* FindNumberField(int control);
 // remembered.
 void OpenNumberFields(HWND dialog);
 
+// Brings each of their numbers into its range.
+void SettleNumberFields(HWND dialog);
+
 // The radio buttons of the block modes (config/render_choices.h).
 
 // The mode of a radio button; 0 for any other control.
@@ -38,8 +41,7 @@ extern const std::vector<int> kGiControls;         // hidden where there are lim
 void EnableControls(HWND dialog, const std::vector<int>& ids, bool enabled);
 void ShowControls(HWND dialog, const std::vector<int>& ids, bool shown);
 
-// Some check boxes enable what belongs to them. Disables it all, or enables it by the ticks.
-void DisableOptionsOfCheckBoxes(HWND dialog);
+// Some check boxes enable what belongs to them. Enables it by the ticks.
 void EnableByCheckBoxes(HWND dialog);
 
 std::vector<HWND> EnabledControlsButCancel(HWND dialog);

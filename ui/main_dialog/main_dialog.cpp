@@ -298,7 +298,7 @@ bool MainDialog::startSubmission() {
     if (data_.confirmationRequired &&
         ShowMessage(window(), IDS_CONFIRM_SUBMISSION, IDS_CAPTION, MB_OKCANCEL) != IDOK)
         return false;
-    options_.takeBlocks();
+    options_.prepareSubmission();
     cameras_.readTicks(data_.analysis.cameras); // the submission has the table rebuilt from them
     lock_.lock(window());
     const SubmissionStart start = StartSubmission(window());

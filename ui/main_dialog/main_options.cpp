@@ -16,6 +16,18 @@ namespace {
 constexpr wchar_t kOn[] = L"1";
 constexpr wchar_t kOff[] = L"0";
 
+CoronaLimits LimitsIn(const SceneAnalysis& analysis) {
+    return {analysis.coronaPassLimit, analysis.coronaTimeLimitHours,
+            analysis.coronaTimeLimitSeconds, analysis.coronaNoiseLimit};
+}
+
+void SetLimits(const CoronaLimits& limits, SceneAnalysis& analysis) {
+    analysis.coronaPassLimit = limits.passes;
+    analysis.coronaTimeLimitHours = limits.hours;
+    analysis.coronaTimeLimitSeconds = limits.seconds;
+    analysis.coronaNoiseLimit = limits.noise;
+}
+
 } // namespace
 
 void MainOptions::open(HWND dialog) {
@@ -25,8 +37,8 @@ void MainOptions::open(HWND dialog) {
 
 void MainOptions::fill(bool first) {
     chooseBlocks(IDC_NO_BLOCKS);
-    Edit(dialog_, IDC_GAMMA).setText(DecimalText(data_.analysis.gammaOut, 1));
-    DisableOptionsOfCheckBoxes(dialog_);
+    const float gamma = data_.analysis.gammaOut;
+    setNumber(IDC_GAMMA, gamma > 0.0F ? DecimalText(gamma, 1) : kDefaultGamma);
     showLimits();
     const ComboBox scales(dialog_, IDC_GI_SCALE);
     scales.clear();
@@ -36,23 +48,30 @@ void MainOptions::fill(bool first) {
     if (first)
         CheckBox(dialog_, IDC_SAVE_SCENE_FILE).check(true);
     restoreSettings(first);
+    if (hasLimits())
+        CheckBox(dialog_, IDC_GI_CHANNEL).check(false); // nobody sees a tick, or could take it away
+    // Whatever was restored, and whatever had been ticked before the scene was analysed again.
+    EnableByCheckBoxes(dialog_);
+    EnableControls(dialog_, kBlockCountControls, ChosenBlockMode(dialog_) == kDistributedBlocks);
+    foundLimits_ = LimitsIn(data_.analysis);
+}
+
+bool MainOptions::hasLimits() const {
+    return data_.analysis.coronaState != CoronaLimitState::NoLimits;
 }
 
 void MainOptions::showLimits() {
-    const bool hasLimits = data_.analysis.coronaState != CoronaLimitState::NoLimits;
-    if (!hasLimits)
+    const bool limited = hasLimits();
+    if (!limited)
         Control(dialog_, IDC_NO_LIMITS).setText(ResourceText(IDS_NO_RENDERER_LIMITS));
-    ShowControls(dialog_, kCoronaControls, hasLimits);
-    ShowControls(dialog_, kNoLimitControls, !hasLimits);
-    ShowControls(dialog_, kGiControls, !hasLimits); // Corona has no such pass
+    ShowControls(dialog_, kCoronaControls, limited);
+    ShowControls(dialog_, kNoLimitControls, !limited);
+    ShowControls(dialog_, kGiControls, !limited); // Corona has no such pass
 }
 
 void MainOptions::restoreSettings(bool first) {
     for (const RememberedValue& value : ReadRememberedSettings())
         restoreSetting(value, first);
-    // Whatever was restored, and whatever had been ticked before the scene was analysed again.
-    EnableByCheckBoxes(dialog_);
-    EnableControls(dialog_, kBlockCountControls, ChosenBlockMode(dialog_) == kDistributedBlocks);
 }
 
 void MainOptions::restoreSetting(const RememberedValue& value, bool first) {
@@ -70,11 +89,9 @@ void MainOptions::restoreSetting(const RememberedValue& value, bool first) {
             ComboBox(dialog_, id).select(entry);
         break;
     }
-    case RememberedKind::EditField: {
-        const NumberRules* rules = FindNumberField(id);
-        Edit(dialog_, id).setText(rules == nullptr ? value.text : TextByRules(*rules, value.text));
+    case RememberedKind::EditField:
+        setNumber(id, value.text);
         break;
-    }
     case RememberedKind::RadioButton:
         if (value.text == kOn) {
             chooseBlocks(id);
@@ -84,8 +101,18 @@ void MainOptions::restoreSetting(const RememberedValue& value, bool first) {
     }
 }
 
+void MainOptions::setNumber(int edit, const std::wstring& text) {
+    const NumberRules* rules = FindNumberField(edit);
+    Edit(dialog_, edit).setText(rules == nullptr ? text : TextByRules(*rules, text));
+}
+
 bool MainOptions::onCommand(int id, int code) {
-    const NumberRules* field = code == EN_CHANGE ? FindNumberField(id) : nullptr;
+    const bool isOfEdit = code == EN_CHANGE || code == EN_KILLFOCUS;
+    const NumberRules* field = isOfEdit ? FindNumberField(id) : nullptr;
+    if (field != nullptr && code == EN_KILLFOCUS) {
+        NumberField(dialog_, *field).settle();
+        return true;
+    }
     if (field != nullptr) {
         NumberField(dialog_, *field).applyRules();
         if (id == IDC_BLOCK_COUNT)
@@ -117,6 +144,12 @@ bool MainOptions::onCommand(int id, int code) {
 bool MainOptions::onArrows(int arrows, int steps) {
     const NumberRules* field = FindNumberField(arrows);
     return field != nullptr && NumberField(dialog_, *field).step(steps);
+}
+
+void MainOptions::prepareSubmission() {
+    SettleNumberFields(dialog_);
+    takeBlocks();
+    SetLimits(foundLimits_, data_.analysis);
 }
 
 void MainOptions::takeBlocks() {

@@ -11,6 +11,14 @@
 
 namespace orv {
 
+// The limits of a Corona scene.
+struct CoronaLimits {
+    std::int32_t passes;
+    double hours;
+    std::int32_t seconds; // the same as hours, without their rounding
+    double noise;         // per cent
+};
+
 // For the dialog's own thread. `data` has to live as long as the object.
 class MainOptions : private rud_Noncopyable {
 public:
@@ -30,20 +38,29 @@ public:
     // Handles a click on arrows; returns false for arrows that count by themselves.
     bool onArrows(int arrows, int steps);
 
+    // Before a submission: brings the numbers into their ranges, and the records up to date with
+    // the options that they hold.
+    void prepareSubmission();
+
+private:
     // Writes the block mode and the number of blocks into the records, which belong to the
     // submission while one runs.
     void takeBlocks();
-
-private:
+    bool hasLimits() const;
     // Shows the limits of the scene's renderer, or that it has none.
     void showLimits();
     void restoreSettings(bool first);
     void restoreSetting(const RememberedValue& value, bool first);
+    // Sets the text of a field under its rules.
+    void setNumber(int edit, const std::wstring& text);
     void chooseBlocks(int radioButton);
     void applyMaterialRule();
 
     PluginData& data_;
     HWND dialog_ = nullptr;
+    // Those of the last analysis. A submission with 0 in all three fields takes the records' ones,
+    // in which the submission before may have left what was typed.
+    CoronaLimits foundLimits_ = {};
 };
 
 } // namespace orv

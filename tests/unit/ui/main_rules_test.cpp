@@ -125,13 +125,38 @@ TEST(NumberFields, KeepWhatIsTypedInTheirRange) {
              Case{1075, L"1", L"2"},
              Case{1075, L"11", L"10"},
              Case{1075, L"5", L"5"},
-             Case{1037, L"5000 x", L"5000 x"}, // these three keep any text
-             Case{1039, L"5000 x", L"5000 x"},
-             Case{1040, L"5000 x", L"5000 x"},
+             Case{1037, L"1001", L"1000"},
+             Case{1037, L"0", L"1"},
+             Case{1037, L"24.7", L"24"},
+             Case{1037, L"x", L"1"},
+             Case{1039, L"5.1", L"5.00"},
+             Case{1039, L"0.05", L"0.10"},
+             Case{1039, L"1.23456", L"1.234"},
+             Case{1039, L"x", L"0.10"},
+             Case{1040, L"9.9", L"10.00"},
+             Case{1040, L"1000000001", L"1000000000.00"},
+             Case{1040, L"12.34567", L"12.345"},
+             Case{1040, L"-20", L"10.00"},
          }) {
         const NumberRules* rules = FindNumberField(row.edit);
         ASSERT_NE(rules, nullptr) << row.edit;
-        EXPECT_EQ(TextByRules(*rules, row.typed), row.kept);
+        EXPECT_EQ(TextByRules(*rules, row.typed), row.kept) << row.edit;
+    }
+}
+
+TEST(NumberFields, LetTheUserBeginANumberBelowTheirRange) {
+    struct Case {
+        int edit;
+        std::wstring typed;
+        std::wstring kept;
+    };
+    for (const Case& row : {
+             Case{1037, L"0", L"0"}, Case{1039, L"0.", L"0."}, Case{1040, L"2", L"2"},
+             Case{1075, L"1", L"2"}, // the number of blocks is never below
+         }) {
+        const NumberRules* rules = FindNumberField(row.edit);
+        ASSERT_NE(rules, nullptr) << row.edit;
+        EXPECT_EQ(TextWhileTyped(*rules, row.typed), row.kept) << row.edit;
     }
 }
 

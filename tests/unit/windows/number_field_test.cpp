@@ -154,8 +154,15 @@ protected:
 };
 
 TEST_F(NumberFieldOfADialog, OpensWithItsTextAndItsArrowsRange) {
-    const NumberRules rules = {
-        TestWindow::kControlId, kArrows, {0.0, 239.0}, TypedText::Decimal, 0.1, 3, 240, L"0.0"};
+    const NumberRules rules = {TestWindow::kControlId,
+                               kArrows,
+                               {0.0, 239.0},
+                               0.0,
+                               TypedText::Decimal,
+                               0.1,
+                               3,
+                               240,
+                               L"0.0"};
     NumberField(dialog(), rules).open();
     EXPECT_EQ(text(), L"0.0");
     int minimum = 0;
@@ -168,15 +175,22 @@ TEST_F(NumberFieldOfADialog, OpensWithItsTextAndItsArrowsRange) {
 
 TEST_F(NumberFieldOfADialog, LeavesATextAloneThatIsFilledOtherwise) {
     const NumberRules rules = {
-        TestWindow::kControlId, kArrows, {0.0, 5.0}, TypedText::Kept, 0.1, 0, 5, nullptr};
+        TestWindow::kControlId, kArrows, {0.0, 5.0}, 0.0, TypedText::Decimal, 0.1, 0, 5, nullptr};
     Edit(edit_.get()).setText(L"2.2");
     NumberField(dialog(), rules).open();
     EXPECT_EQ(text(), L"2.2");
 }
 
 TEST_F(NumberFieldOfADialog, BringsWhatIsTypedUnderItsRules) {
-    const NumberRules rules = {
-        TestWindow::kControlId, kArrows, {0.0, 239.0}, TypedText::Decimal, 0.1, 0, 239, L"0.0"};
+    const NumberRules rules = {TestWindow::kControlId,
+                               kArrows,
+                               {0.0, 239.0},
+                               0.0,
+                               TypedText::Decimal,
+                               0.1,
+                               0,
+                               239,
+                               L"0.0"};
     const NumberField field(dialog(), rules);
     Edit(edit_.get()).setText(L"240");
     field.applyRules();
@@ -187,9 +201,40 @@ TEST_F(NumberFieldOfADialog, BringsWhatIsTypedUnderItsRules) {
     EXPECT_TRUE(::SendMessageW(edit_.get(), EM_GETMODIFY, 0, 0));
 }
 
+// The user types 25 in two steps, of which the first is below the range.
+TEST_F(NumberFieldOfADialog, KeepsWhatANumberBeginsWithUntilTheUserLeavesIt) {
+    const NumberRules rules = {
+        TestWindow::kControlId, kArrows, {10.0, 99.0}, 1.0, TypedText::Decimal, 0.1, 0, 0, nullptr};
+    const NumberField field(dialog(), rules);
+    ::ShowWindow(dialog(), SW_SHOW);
+    ::SetFocus(edit_.get());
+    ASSERT_EQ(::GetFocus(), edit_.get());
+    for (const TextPair& row : {TextPair{L"2", L"2"}, TextPair{L"0", L"1.00"},
+                                TextPair{L"100", L"99.00"}, TextPair{L"x", L"1.00"}}) {
+        Edit(edit_.get()).setText(row.typed);
+        field.applyRules();
+        EXPECT_EQ(text(), row.kept);
+    }
+    Edit(edit_.get()).setText(L"2");
+    field.settle();
+    EXPECT_EQ(text(), L"10.00");
+
+    ::SetFocus(nullptr);
+    Edit(edit_.get()).setText(L"2"); // by the dialog, not by typing
+    field.applyRules();
+    EXPECT_EQ(text(), L"10.00");
+}
+
 TEST_F(NumberFieldOfADialog, StepsUnlessItsArrowsCountByThemselves) {
-    NumberRules rules = {
-        TestWindow::kControlId, kArrows, {0.0, 239.0}, TypedText::Decimal, 0.1, 0, 239, L"0.0"};
+    NumberRules rules = {TestWindow::kControlId,
+                         kArrows,
+                         {0.0, 239.0},
+                         0.0,
+                         TypedText::Decimal,
+                         0.1,
+                         0,
+                         239,
+                         L"0.0"};
     const NumberField field(dialog(), rules);
     field.open();
     EXPECT_TRUE(field.step(3));
