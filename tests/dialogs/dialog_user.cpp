@@ -148,24 +148,63 @@ std::string Ticks(HWND dialog, int table) {
     return ticks;
 }
 
-void ClickCheckBox(HWND dialog, int table, int row) {
-    const HWND window = ControlOf(dialog, table);
+std::wstring ToolTip(HWND dialog, int control) {
+    const HWND tool = ControlOf(dialog, control);
+    for (HWND tips = nullptr;;) {
+        tips = ::FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr);
+        if (tips == nullptr)
+            return {};
+        if (::GetWindowThreadProcessId(tips, nullptr) !=
+            ::GetWindowThreadProcessId(dialog, nullptr))
+            continue;
+        wchar_t text[1024] = {};
+        TTTOOLINFOW info = {};
+        info.cbSize = TTTOOLINFOW_V1_SIZE;
+        info.hwnd = dialog;
+        info.uId = reinterpret_cast<UINT_PTR>(tool);
+        info.uFlags = TTF_IDISHWND;
+        info.lpszText = text;
+        ::SendMessageW(tips, TTM_GETTEXTW, 1024, reinterpret_cast<LPARAM>(&info));
+        if (text[0] != L'\0')
+            return text;
+    }
+}
+
+namespace {
+
+// A point in the check box of a row.
+POINT PointInCheckBox(HWND table, int row) {
     RECT label = {};
     label.left = LVIR_LABEL;
-    ::SendMessageW(window, LVM_GETITEMRECT, static_cast<WPARAM>(row),
+    ::SendMessageW(table, LVM_GETITEMRECT, static_cast<WPARAM>(row),
                    reinterpret_cast<LPARAM>(&label));
     const int y = (label.top + label.bottom) / 2;
     for (int x = 0; x < label.left; ++x) {
         LVHITTESTINFO hit = {};
         hit.pt = {x, y};
-        ::SendMessageW(window, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
-        if ((hit.flags & LVHT_ONITEMSTATEICON) != 0 && (hit.flags & LVHT_ONITEMLABEL) == 0) {
-            PostClick(window, x + 2, y);
-            Settle(dialog);
-            return;
-        }
+        ::SendMessageW(table, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+        if ((hit.flags & LVHT_ONITEMSTATEICON) != 0 && (hit.flags & LVHT_ONITEMLABEL) == 0)
+            return {x + 2, y};
     }
     throw std::runtime_error("row " + std::to_string(row) + " has no check box in sight");
+}
+
+} // namespace
+
+void ClickCheckBox(HWND dialog, int table, int row) {
+    const HWND window = ControlOf(dialog, table);
+    const POINT point = PointInCheckBox(window, row);
+    PostClick(window, point.x, point.y);
+    Settle(dialog);
+}
+
+void DoubleClickCheckBox(HWND dialog, int table, int row) {
+    const HWND window = ControlOf(dialog, table);
+    const POINT point = PointInCheckBox(window, row);
+    PostClick(window, point.x, point.y);
+    ::PostMessageW(window, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+    ::PostMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(point.x, point.y));
+    Settle(dialog);
 }
 
 namespace {

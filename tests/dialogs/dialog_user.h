@@ -40,8 +40,14 @@ std::vector<TableRow> Rows(HWND dialog, int table);
 // The check boxes alone: "1" for each ticked row, "0" for every other.
 std::string Ticks(HWND dialog, int table);
 
+// The tooltip of a control, empty when it has none.
+std::wstring ToolTip(HWND dialog, int control);
+
 // Clicks on the check box of a row.
 void ClickCheckBox(HWND dialog, int table, int row);
+
+// Double-clicks the check box of a row, which does not select the row.
+void DoubleClickCheckBox(HWND dialog, int table, int row);
 
 // Clicks on the text of a row, with `keys` (MK_CONTROL) held down.
 void ClickRow(HWND dialog, int table, int row, WPARAM keys = 0);

@@ -39,11 +39,14 @@ protected:
     }
 
     // Submits, answers that no client listens, and returns the job file; null when none was
-    // written.
-    Json::Value submit() {
+    // written. By the button, or by Enter in the edit `field`.
+    Json::Value submit(int field = 0) {
         const std::vector<std::wstring> before = jobFiles();
         MessageBoxWatcher watcher(L"Orv Rendering");
-        Press(window_, IDC_SUBMIT);
+        if (field == 0)
+            Press(window_, IDC_SUBMIT);
+        else
+            PressKey(window_, field, VK_RETURN);
         EXPECT_TRUE(watcher.waitForBoxes(1));
         EXPECT_TRUE(WaitUntil([this] {
             return ::IsWindowEnabled(window_) && ::IsWindowEnabled(control(IDC_SUBMIT));
@@ -168,7 +171,7 @@ TEST_F(Job, HasNumbersInTheirRangeThatAreStillBeingTyped) {
     Press(window_, 1044);
     Type(window_, 1040, L"5");
     ASSERT_EQ(text(1040), L"5");
-    const Json::Value options = submit()["max_options"];
+    const Json::Value options = submit(1040)["max_options"];
     EXPECT_EQ(options["ao_radius"].asDouble(), 10.0);
     EXPECT_EQ(text(1040), L"10.00");
 }

@@ -99,6 +99,16 @@ TEST_F(Opening, ShowsThatThereIsNothingToWarnOf) {
     EXPECT_TRUE(IsShown(window, IDC_NO_WARNINGS));
 }
 
+TEST_F(Opening, ExplainsRememberingAndSavingInTheirTips) {
+    host_.start();
+    HWND window = host_.openDialog();
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(ToolTip(window, IDC_REMEMBER), L"Keep these settings for the next submission");
+    EXPECT_EQ(ToolTip(window, IDC_SAVE_SCENE_FILE),
+              L"Save the scene in 3ds Max before it is submitted");
+    EXPECT_EQ(ToolTip(window, IDC_BACK_UP_SCENE), L"");
+}
+
 TEST_F(Opening, SpeaksChineseWhereTheHostDoes) {
     host_.start(kChineseLanguage);
     HWND window = host_.openDialog();

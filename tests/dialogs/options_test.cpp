@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cwctype>
 #include <set>
+#include <utility>
 
 namespace orv {
 namespace test {
@@ -295,24 +296,11 @@ TEST_F(Options, HideTheLimitsOfOtherRenderers) {
         EXPECT_TRUE(IsShown(window_, id)) << id;
 }
 
-TEST_F(Options, ShowTheLimitsOfCoronaInTheirPlaces) {
+TEST_F(Options, ShowTheLimitsOfCorona) {
     useCorona();
     open();
-    const double scale = screenScale();
-    struct Case {
-        int id;
-        int left;
-    };
-    for (const Case& row :
-         {Case{1061, 38}, Case{1054, 88}, Case{1154, 162}, Case{1012, 183}, Case{1058, 220},
-          Case{1045, 278}, Case{1148, 350}, Case{1059, 370}, Case{1064, 390}, Case{1047, 475},
-          Case{1147, 549}, Case{1063, 570}, Case{1060, 610}, Case{1039, 690}}) {
-        RECT place = {};
-        ::GetWindowRect(control(row.id), &place);
-        ::MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
-        EXPECT_TRUE(IsShown(window_, row.id)) << row.id;
-        EXPECT_NEAR(place.left, row.left * scale, 1.0) << row.id;
-    }
+    for (const int id : kCoronaGroup)
+        EXPECT_TRUE(IsShown(window_, id)) << id;
     for (const int id : {1055, 1056, 1057, 1071})
         EXPECT_FALSE(IsShown(window_, id)) << id;
 }
@@ -396,6 +384,37 @@ TEST_F(Options, TakeTheRememberedOnesWhenTheSceneIsAnalysedAgain) {
     EXPECT_EQ(::SendMessageW(control(1057), CB_GETCURSEL, 0, 0), 2);
 }
 
+// What the scene or the opening gives comes back; what is the user's own stays.
+TEST_F(Options, GoBackToTheScenesWhenItIsAnalysedAgain) {
+    host_.scene["output"]["gamma"] = 1.8;
+    open();
+    Press(window_, 1056);
+    Press(window_, 1044);
+    Press(window_, 1033);
+    for (const auto& typed :
+         {std::make_pair(1036, L"other"), std::make_pair(1039, L"1.5"), std::make_pair(1075, L"7"),
+          std::make_pair(1040, L"55"), std::make_pair(1037, L"30"), std::make_pair(1047, L"3"),
+          std::make_pair(1054, L"40"), std::make_pair(1045, L"2")})
+        ::SetDlgItemTextW(window_, typed.first, typed.second);
+    ::SendMessageW(control(1057), CB_SETCURSEL, 2, 0);
+    analyseAgain();
+    EXPECT_EQ(text(1036), L"Living room");
+    EXPECT_EQ(text(1039), L"1.8");
+    EXPECT_EQ(text(1057), L"100%");
+    EXPECT_TRUE(checked(1030));
+    EXPECT_FALSE(checked(1033));
+    EXPECT_FALSE(enabled(1075) || enabled(1076));
+
+    EXPECT_EQ(text(1075), L"7");
+    EXPECT_EQ(text(1040), L"55");
+    EXPECT_EQ(text(1037), L"30");
+    EXPECT_EQ(text(1047), L"3");
+    EXPECT_EQ(text(1054), L"40");
+    EXPECT_EQ(text(1045), L"2");
+    EXPECT_TRUE(checked(1056) && checked(1044));
+    EXPECT_TRUE(enabled(1057) && enabled(1040));
+}
+
 class DamagedSettings : public Options, public ::testing::WithParamInterface<const char*> {};
 
 TEST_P(DamagedSettings, DoNotKeepTheDialogFromOpening) {
@@ -472,6 +491,29 @@ TEST_P(Layout, ClipsNothing) {
     ::GetWindowRect(window_, &whole);
     const double scale = screenScale();
     EXPECT_LE(whole.bottom - whole.top, 750 * std::max(1.0, scale * 1.25));
+}
+
+// The words of the limits are shorter in Chinese.
+TEST_P(Layout, PutsTheLimitsInTheirPlaces) {
+    useCorona();
+    open(GetParam());
+    const double scale = screenScale();
+    struct Case {
+        int id;
+        int english;
+        int chinese;
+    };
+    for (const Case& row :
+         {Case{1061, 38, 48}, Case{1054, 88, 98}, Case{1154, 162, 172}, Case{1012, 183, 193},
+          Case{1058, 220, 220}, Case{1045, 278, 268}, Case{1148, 350, 342}, Case{1059, 370, 365},
+          Case{1064, 390, 395}, Case{1047, 475, 445}, Case{1147, 549, 519}, Case{1063, 570, 540},
+          Case{1060, 610, 610}, Case{1039, 690, 690}}) {
+        RECT place = {};
+        ::GetWindowRect(control(row.id), &place);
+        ::MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
+        const int left = GetParam() == kChineseLanguage ? row.chinese : row.english;
+        EXPECT_NEAR(place.left, left * scale, 1.0) << row.id;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, Layout, ::testing::Values(kEnglishLanguage, kChineseLanguage));

@@ -41,6 +41,37 @@ TEST_F(RenderOptions, ShowTheCameraThatWasDoubleClicked) {
         EXPECT_FALSE(IsShown(dialog, id)) << id;
 }
 
+// Its check box does not select a row: another one is.
+TEST_F(RenderOptions, OpenForTheRowUnderTheMouse) {
+    startHost();
+    ClickRow(main_, IDC_CAMERAS, 0);
+    DoubleClickCheckBox(main_, IDC_CAMERAS, 2);
+    HWND dialog = waitForDialog();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_EQ(Text(dialog, IDC_OPTIONS_CAMERA), L"Door");
+}
+
+TEST_F(RenderOptions, ExplainTheirPadlocksInTips) {
+    startHost();
+    HWND dialog = openForRow(kHallRow);
+    ASSERT_NE(dialog, nullptr);
+    struct Case {
+        int padlock;
+        const wchar_t* tip;
+    };
+    for (const Case& row : {
+             Case{IDC_OPTIONS_UNLOCK_SIZE, L"Unlock the image size"},
+             Case{IDC_OPTIONS_LOCK_SIZE, L"Lock the image size, as it was"},
+             Case{IDC_OPTIONS_UNLOCK_FRAME, L"The frame is locked"},
+             Case{IDC_OPTIONS_LOCK_FRAME, L"Lock the frame, as it was"},
+             Case{IDC_OPTIONS_UNLOCK_FORMAT, L"Unlock the format"},
+             Case{IDC_OPTIONS_LOCK_FORMAT, L"Lock the format, as it was"},
+             Case{IDC_OPTIONS_UNLOCK_VIEW, L"Unlock the view"},
+             Case{IDC_OPTIONS_LOCK_VIEW, L"Lock the view, as it was"},
+         })
+        EXPECT_EQ(ToolTip(dialog, row.padlock), row.tip) << row.padlock;
+}
+
 TEST_F(RenderOptions, OfferFourteenFormatsAndTwoViews) {
     startHost();
     HWND dialog = openForRow(0);

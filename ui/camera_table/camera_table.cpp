@@ -29,26 +29,24 @@ int WidthOf(const Column& column, int dotsPerInch) {
     return ::MulDiv(column.width, dotsPerInch, USER_DEFAULT_SCREEN_DPI);
 }
 
-// The names of the rows that are in all these states (LVNI_SELECTED, LVNI_FOCUSED), from the top.
-std::vector<std::wstring> NamesOfRows(HWND table, LPARAM states) {
+// The names of the selected rows, from the top.
+std::vector<std::wstring> NamesOfSelectedRows(HWND table) {
     std::vector<std::wstring> names;
     for (LRESULT row = -1;;) {
-        row = ::SendMessageW(table, LVM_GETNEXTITEM, static_cast<WPARAM>(row), states);
+        row = ::SendMessageW(table, LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED);
         if (row < 0)
             return names;
         names.push_back(CheckList(table).name(static_cast<int>(row)));
     }
 }
 
-void EditRows(HWND dialog, CameraTable& cameras, PluginData& data, LPARAM states,
-              CameraEditing editing) {
-    const HWND table = ::GetDlgItem(dialog, IDC_CAMERAS);
-    const std::vector<std::wstring> names = NamesOfRows(table, states);
+void EditRows(HWND dialog, CameraTable& cameras, PluginData& data,
+              const std::vector<std::wstring>& names, CameraEditing editing) {
     cameras.readTicks(data.analysis.cameras);
     // The new rows are not selected, so the button for several is disabled by now: with the
     // keyboard it would swallow the keys.
     if (RunRenderOptions(dialog, data, names, editing) > 0)
-        ::SetFocus(table);
+        ::SetFocus(::GetDlgItem(dialog, IDC_CAMERAS));
 }
 
 } // namespace
@@ -179,12 +177,14 @@ void CameraTable::setText(int row, int column, const std::wstring& text) {
                    reinterpret_cast<LPARAM>(&item));
 }
 
-void EditFocusedCamera(HWND dialog, CameraTable& cameras, PluginData& data) {
-    EditRows(dialog, cameras, data, LVNI_FOCUSED | LVNI_SELECTED, CameraEditing::Single);
+void EditCamera(HWND dialog, CameraTable& cameras, PluginData& data, int row) {
+    const CheckList table(dialog, IDC_CAMERAS);
+    EditRows(dialog, cameras, data, {table.name(row)}, CameraEditing::Single);
 }
 
 void EditSelectedCameras(HWND dialog, CameraTable& cameras, PluginData& data) {
-    EditRows(dialog, cameras, data, LVNI_SELECTED, CameraEditing::Several);
+    EditRows(dialog, cameras, data, NamesOfSelectedRows(::GetDlgItem(dialog, IDC_CAMERAS)),
+             CameraEditing::Several);
 }
 
 void UpdateEditButton(HWND dialog) {

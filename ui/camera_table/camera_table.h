@@ -61,8 +61,8 @@ private:
 // is the control IDC_CAMERAS, with `cameras` behind it. The ticks go into the records first,
 // because the render options rebuild the table from them.
 
-// Edits the one row that has the focus and is selected; does nothing when there is none.
-void EditFocusedCamera(HWND dialog, CameraTable& cameras, PluginData& data);
+// Edits the camera of row `row`, whichever rows are selected.
+void EditCamera(HWND dialog, CameraTable& cameras, PluginData& data, int row);
 
 // Edits all selected rows together; does nothing when there are none.
 void EditSelectedCameras(HWND dialog, CameraTable& cameras, PluginData& data);

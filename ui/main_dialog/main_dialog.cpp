@@ -79,7 +79,15 @@ bool MainDialog::onInit(LPARAM /*parameter*/) {
 }
 
 bool MainDialog::onCommand(int id, int code) {
-    const bool free = isFree();
+    if (id == IDCANCEL) {
+        // The keyboard is with Cancel while a submission runs: an Enter that is held down since it
+        // pressed Submit is no press of Cancel.
+        if (!lock_.isLocked() || ::GetKeyState(VK_RETURN) >= 0)
+            end(0);
+        return true;
+    }
+    if (!isFree())
+        return true; // a disabled control can still be made to notify
     if (options_.onCommand(id, code))
         return true;
     switch (id) {
@@ -87,30 +95,18 @@ bool MainDialog::onCommand(int id, int code) {
         submit();
         return true;
     case IDC_ANALYSE_AGAIN:
-        if (free)
-            analyseAgain();
+        analyseAgain();
         return true;
     case IDC_EDIT_CAMERAS:
-        if (free)
-            EditSelectedCameras(window(), cameras_, data_);
+        EditSelectedCameras(window(), cameras_, data_);
         return true;
     case IDC_SELECT_ALL:
-        if (free) {
-            cameras_.selectAll(data_.analysis.cameras);
-            updateEditButton(); // the new rows are not selected
-        }
+        cameras_.selectAll(data_.analysis.cameras);
+        updateEditButton(); // the new rows are not selected
         return true;
     case IDC_INVERT_SELECTION:
-        if (free) {
-            cameras_.invertSelection(data_.analysis.cameras);
-            updateEditButton();
-        }
-        return true;
-    case IDCANCEL:
-        // The keyboard is with Cancel while a submission runs: an Enter that is held down since it
-        // pressed Submit is no press of Cancel.
-        if (!lock_.isLocked() || ::GetKeyState(VK_RETURN) >= 0)
-            end(0);
+        cameras_.invertSelection(data_.analysis.cameras);
+        updateEditButton();
         return true;
     default:
         return false;
@@ -123,13 +119,14 @@ bool MainDialog::onNotify(NMHDR& header, LRESULT& result) {
         return false; // the table goes on with it
     }
     if (header.idFrom == IDC_CAMERAS && header.code == static_cast<UINT>(NM_DBLCLK)) {
-        if (reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0 && isFree())
-            EditFocusedCamera(window(), cameras_, data_);
+        const int row = reinterpret_cast<const NMITEMACTIVATE&>(header).iItem;
+        if (row >= 0 && isFree())
+            EditCamera(window(), cameras_, data_, row);
         return true;
     }
     const int id = static_cast<int>(header.idFrom);
     if (header.code == static_cast<UINT>(UDN_DELTAPOS)) {
-        if (!options_.onArrows(id, reinterpret_cast<const NMUPDOWN&>(header).iDelta))
+        if (isFree() && !options_.onArrows(id, reinterpret_cast<const NMUPDOWN&>(header).iDelta))
             return false;
         result = TRUE; // the arrows have no position of their own: the edit holds the number
         return true;
@@ -285,8 +282,6 @@ void MainDialog::analyseAgain() {
 }
 
 void MainDialog::submit() {
-    if (!isFree())
-        return;
     isSubmitting_ = true;
     if (!startSubmission())
         endSubmitting();

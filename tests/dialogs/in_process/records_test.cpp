@@ -90,6 +90,77 @@ TEST_F(Cameras, KeepWhatWasEditedWhenTheSceneIsAnalysedAgain) {
     EXPECT_EQ(scene_.host.scripts().size(), 3U);
 }
 
+// A scene with everything that the dialog warns of or shows apart, with Corona.
+const char kTroubledReport[] = R"({
+    "version": "2019", "name": "C:\\scenes\\Old.max", "renderer_full_name": "Missing_Renderer",
+    "is_region": "true", "image_width": "10", "image_height": "20", "start_frame": "3",
+    "image_format": "tif", "gamma_out": "1.8", "errors": {"error_code": [{"code": "107"}]},
+    "corona_setting": {"pass_limit": "0", "time_limit": "0", "noise_level_limit": "0"},
+    "missing_file": [{"path": "D:\\a.jpg"}], "same_file": [{"path": "D:\\b.jpg"}],
+    "reference_file": [{"path": "D:\\100%.max"}], "cameras": [{"name": "Old:1"}, {"name": "Old 2"}]})";
+
+std::string PlainReport() {
+    return R"({
+    "version": "2019", "name": "C:\\scenes\\New.max", "renderer_full_name": "V_Ray_Adv",
+    "is_region": "false", "image_width": "1920", "image_height": "1080", "start_frame": "12",
+    "image_format": "png", "errors": null, "same_file": [], "reference_file": [],
+    "missing_file": [], "cameras": [{"name": "New"}]})";
+}
+
+void ExpectPlainScene(HWND window) {
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(Lines(window, IDC_WARNINGS), std::vector<std::wstring>());
+    EXPECT_TRUE(IsShown(window, IDC_NO_WARNINGS));
+    const std::vector<TableRow> rows = Rows(window, IDC_CAMERAS);
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0].cells, (std::vector<std::wstring>{L"New", L"1920", L"1080", L"12", L"Normal",
+                                                        L"PNG", L"New"}));
+    EXPECT_EQ(Text(window, IDC_SCENE_NAME), L"New");
+    EXPECT_EQ(Text(window, IDC_GAMMA), L"2.2");
+    EXPECT_FALSE(IsShown(window, IDC_PASS_LIMIT));
+    EXPECT_TRUE(IsShown(window, IDC_NO_LIMITS));
+    EXPECT_TRUE(IsShown(window, IDC_GI_CHANNEL));
+    EXPECT_FALSE(PluginData::instance().confirmationRequired);
+    EXPECT_FALSE(PluginData::instance().analysis.hasIllegalReference);
+    EXPECT_EQ(PluginData::instance().analysis.cameras.size(), 1U);
+}
+
+void ExpectTroubledScene(HWND window) {
+    ASSERT_NE(window, nullptr);
+    EXPECT_GT(Lines(window, IDC_WARNINGS).size(), 10U);
+    EXPECT_EQ(Rows(window, IDC_CAMERAS).size(), 2U);
+    EXPECT_EQ(Text(window, IDC_GAMMA), L"1.8");
+    EXPECT_TRUE(IsShown(window, IDC_PASS_LIMIT));
+    EXPECT_FALSE(IsShown(window, IDC_GI_CHANNEL));
+    EXPECT_TRUE(PluginData::instance().confirmationRequired);
+}
+
+TEST(AnEarlierScene, LeavesNothingInTheNextAnalysis) {
+    HostWithScene scene;
+    scene.setReport(kTroubledReport);
+    const OpenDialog dialog;
+    const HWND window = dialog.window();
+    ASSERT_NO_FATAL_FAILURE(ExpectTroubledScene(window));
+    scene.setReport(PlainReport());
+    Press(window, IDC_ANALYSE_AGAIN);
+    ExpectPlainScene(window);
+    scene.setReport(kTroubledReport);
+    Press(window, IDC_ANALYSE_AGAIN);
+    ExpectTroubledScene(window);
+}
+
+TEST(AnEarlierScene, LeavesNothingInTheNextDialog) {
+    HostWithScene scene;
+    scene.setReport(kTroubledReport);
+    {
+        const OpenDialog dialog;
+        ASSERT_NO_FATAL_FAILURE(ExpectTroubledScene(dialog.window()));
+    }
+    scene.setReport(PlainReport());
+    const OpenDialog dialog;
+    ExpectPlainScene(dialog.window());
+}
+
 TEST_F(Cameras, LetGoOfTheParsedReportWhenTheDialogEnds) {
     EXPECT_NE(PluginData::instance().analysis.report, nullptr);
     Press(window_, IDCANCEL);

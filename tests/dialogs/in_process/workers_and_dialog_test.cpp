@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <commctrl.h>
+
 #include <memory>
 #include <set>
 #include <utility>
@@ -52,6 +54,19 @@ protected:
                 enabled.insert(::GetDlgCtrlID(child));
         }
         return enabled;
+    }
+    // What a person sees of the controls.
+    static std::vector<std::wstring> appearance(HWND window) {
+        std::vector<std::wstring> seen;
+        for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr;
+             child = ::GetWindow(child, GW_HWNDNEXT))
+            seen.push_back(std::to_wstring(::GetDlgCtrlID(child)) + L" " + ReadWindowText(child) +
+                           (::IsWindowEnabled(child) ? L" enabled" : L"") +
+                           (::IsWindowVisible(child) ? L" shown " : L" ") +
+                           std::to_wstring(::SendMessageW(child, BM_GETCHECK, 0, 0)));
+        for (const TableRow& row : Rows(window, IDC_CAMERAS))
+            seen.push_back(row.cells[0] + (row.ticked ? L" ticked" : L""));
+        return seen;
     }
     bool saving() const {
         return WaitUntil([this] { return saves_ > 0; });
@@ -131,6 +146,78 @@ TEST_F(Submitting, KeepsTheControlsButCancelUntilItEnds) {
     release_ = true;
     ASSERT_TRUE(WaitUntil([window] { return canSubmit(window); }));
     EXPECT_EQ(enabledControls(window), before);
+}
+
+// What their windows send when they are used, whether they are enabled or not.
+TEST_F(Submitting, ListensToNoControlButCancelUntilItEnds) {
+    const OpenDialog dialog;
+    const HWND window = dialog.window();
+    ASSERT_NE(window, nullptr);
+    ClickCheckBox(window, IDC_CAMERAS, 0);
+    ClickRow(window, IDC_CAMERAS, 0);
+    ClickRow(window, IDC_CAMERAS, 1, MK_CONTROL);
+    Press(window, IDC_AO_CHANNEL);
+    Press(window, IDC_DISTRIBUTED_BLOCKS);
+    Type(window, IDC_SCENE_NAME, L"other");
+    Press(window, IDC_SUBMIT);
+    ASSERT_TRUE(saving());
+    ASSERT_TRUE(WaitUntil([] { return FindDialogWith(IDC_PROGRESS_BAR) != nullptr; }));
+    const std::vector<std::wstring> before = appearance(window);
+    int controls = 0;
+    for (HWND child = ::GetWindow(window, GW_CHILD); child != nullptr;
+         child = ::GetWindow(child, GW_HWNDNEXT)) {
+        const int id = ::GetDlgCtrlID(child);
+        if (id == IDCANCEL)
+            continue;
+        ++controls;
+        for (const int code :
+             {BN_CLICKED, BN_DOUBLECLICKED, EN_CHANGE, EN_KILLFOCUS, CBN_SELCHANGE})
+            ::SendMessageW(window, WM_COMMAND, MAKEWPARAM(id, code),
+                           reinterpret_cast<LPARAM>(child));
+        NMUPDOWN arrows = {};
+        arrows.hdr = {child, static_cast<UINT_PTR>(id), static_cast<UINT>(UDN_DELTAPOS)};
+        arrows.iDelta = -1;
+        ::SendMessageW(window, WM_NOTIFY, static_cast<WPARAM>(id),
+                       reinterpret_cast<LPARAM>(&arrows));
+        NMITEMACTIVATE row = {};
+        row.hdr = {child, static_cast<UINT_PTR>(id), static_cast<UINT>(NM_DBLCLK)};
+        ::SendMessageW(window, WM_NOTIFY, static_cast<WPARAM>(id), reinterpret_cast<LPARAM>(&row));
+        EXPECT_EQ(appearance(window), before) << id;
+    }
+    EXPECT_GT(controls, 40);
+    EXPECT_EQ(boxes_->seen().size(), 0U);
+    EXPECT_EQ(scene_.host.scripts().size(), 1U) << "the scene was not analysed again";
+    EXPECT_EQ(scene_.product.log(L"rud_ui").find("DialogBoxParamW"), std::string::npos)
+        << "no render options";
+    EXPECT_EQ(saves_, 1);
+    EXPECT_FALSE(dialog.ended());
+    ::SendMessageW(window, WM_COMMAND, IDCANCEL, 0);
+    EXPECT_TRUE(dialog.waitForEnd());
+}
+
+// The scene was put in order after the question.
+TEST_F(Submitting, AsksNoMoreWhenTheNextAnalysisFindsNoIllegalReference) {
+    boxes_ = answering({IDCANCEL, IDOK});
+    std::string report = SampleReport();
+    report.replace(report.find("\"reference_file\": []"), 20,
+                   R"("reference_file": [{"path": "D:\\100%.max"}])");
+    scene_.setReport(report);
+    const OpenDialog dialog;
+    const HWND window = dialog.window();
+    ASSERT_NE(window, nullptr);
+    ClickCheckBox(window, IDC_CAMERAS, 0);
+    Type(window, IDC_SCENE_NAME, L"other");
+    Press(window, IDC_SUBMIT);
+    ASSERT_TRUE(boxes_->waitForBoxes(1));
+    ASSERT_TRUE(WaitUntil([window] { return canSubmit(window); }));
+    EXPECT_EQ(saves_, 0);
+
+    scene_.setReport(SampleReport());
+    Press(window, IDC_ANALYSE_AGAIN);
+    Type(window, IDC_SCENE_NAME, L"other");
+    Press(window, IDC_SUBMIT);
+    EXPECT_TRUE(saving());
+    EXPECT_EQ(boxes_->seen().size(), 1U);
 }
 
 TEST_F(Submitting, ShowsNothingWhenSubmitIsPressedAgain) {
