@@ -9,6 +9,7 @@ packages=(
   ca-certificates make cmake ninja-build python3 dpkg-dev     # to build and to fetch sources
   g++-mingw-w64-x86-64-posix clang llvm                       # the two compilers and their tools
   clang-format clang-tidy shellcheck cppcheck                 # ./dev lint
+  clang-14 python3-clang-14                                   # ./dev mutate: clang's syntax tree
   clang-19 libc++-19-dev libwine-dev                          # ./dev lint: reading as Visual C++ does
   nsis                                                        # ./dev package
   wine wine64 xvfb                                            # to run what was built
