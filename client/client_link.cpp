@@ -139,9 +139,9 @@ bool Exchange(const ClientLink& link, const std::string& requestBody, HANDLE end
            ReceiveOnce(socket.get(), reply, failure, endEvent);
 }
 
-} // namespace
-
-int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ownerWindow) {
+// Sends the request and returns the JSON text of the reply. Without one it reports what failed and
+// returns an empty text.
+std::string ReplyTo(const ClientLink& link, const std::string& requestBody, HWND ownerWindow) {
     ExchangeLog log;
     const std::wstring caption = ResourceText(IDS_CAPTION);
     const std::wstring marker = ResourceText(IDS_LANGUAGE_MARKER);
@@ -152,25 +152,31 @@ int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ow
     if (!Exchange(link, requestBody, endRequest.event(), reply, failure)) {
         if (endRequest.isMade()) {
             WriteLog(log, kWarn, "The exchange was ended by request. The client may have the job.");
-            return kNoReply;
+            return {};
         }
-        WriteLog(log, kError, failure.logText);
         ShowSubmissionMessage(ownerWindow,
                               ResourceText(IDS_CLIENT_UNREACHABLE) + std::to_wstring(failure.code),
                               caption, MB_OK, marker);
-        return kNoReply;
+        WriteLog(log, kError, failure.logText);
+        return {};
     }
     WriteLog(log, kInfo, "tcp read data successfully.");
 
-    const std::string json = JsonInReply(reply);
+    std::string json = JsonInReply(reply);
     if (json.empty()) {
-        // INFO, because a reply of another program is not an error of the plug-in.
-        WriteLog(log, kInfo, "find '{' failed.");
         ShowSubmissionMessage(ownerWindow, ResourceText(IDS_REPLY_WITHOUT_JSON), caption, MB_OK,
                               marker);
-        return kNoReply;
+        // INFO, because a reply of another program is not an error of the plug-in.
+        WriteLog(log, kInfo, "find '{' failed.");
     }
-    return ReplyCodeMessage(json, ownerWindow, log);
+    return json;
+}
+
+} // namespace
+
+int PostToClient(const ClientLink& link, const std::string& requestBody, HWND ownerWindow) {
+    const std::string reply = ReplyTo(link, requestBody, ownerWindow);
+    return reply.empty() ? kNoReply : ReplyCodeMessage(reply, ownerWindow);
 }
 
 } // namespace orv

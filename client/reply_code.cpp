@@ -39,17 +39,15 @@ const ReplyCode kReplyCodes[] = {
      "Camera name can not have special characters, please modify and re-submit!"},
 };
 
-// JsonCpp returns false for malformed text and throws for excessive nesting and invalid numbers.
+// JsonCpp returns false for malformed text. It throws for excessive nesting, for a reply that is no
+// object, and for a "ret" that it cannot convert.
 Reply ReadReplyOrThrow(const std::string& replyText) {
     Reply reply;
     Json::Reader reader;
     Json::Value root;
-    if (!reader.parse(replyText, root) || !root.isObject())
+    if (!reader.parse(replyText, root))
         return reply;
-    const Json::Value& code = root["ret"];
-    if (code.isNull() || !code.isConvertibleTo(Json::intValue))
-        return reply;
-    reply.code = code.asInt();
+    reply.code = root["ret"].asInt();
     const Json::Value& words = root["err"];
     if (words.isString()) {
         reply.hasOwnWords = true;
@@ -76,17 +74,22 @@ Reply ReadReply(const std::string& replyText) {
     }
 }
 
-int ReplyCodeMessage(const std::string& replyText, HWND ownerWindow, ModuleLog& log) {
+int ReplyCodeMessage(const std::string& replyText, HWND ownerWindow) {
+    ExchangeLog log;
     const std::wstring caption = ResourceText(IDS_CAPTION);
     const std::wstring marker = ResourceText(IDS_LANGUAGE_MARKER);
+    const auto report = [&](const std::wstring& text, const char* severity,
+                            const std::string& logText) {
+        ShowSubmissionMessage(ownerWindow, text, caption, MB_OK, marker);
+        WriteLog(log, severity, logText);
+    };
 
     const Reply reply = ReadReply(replyText);
     if (!reply.readable) {
         std::printf("Error %lu in WinHttpReadData.\n", ::GetLastError());
         std::fflush(stdout);
-        WriteLog(log, kError, "Get response data failed: parse the data from client failed!");
-        ShowSubmissionMessage(ownerWindow, ResourceText(IDS_REPLY_UNREADABLE), caption, MB_OK,
-                              marker);
+        report(ResourceText(IDS_REPLY_UNREADABLE), kError,
+               "Get response data failed: parse the data from client failed!");
         return kNoReply;
     }
 
@@ -94,13 +97,11 @@ int ReplyCodeMessage(const std::string& replyText, HWND ownerWindow, ModuleLog& 
     if (known == nullptr)
         return reply.code;
     if (known->textId != 0) {
-        WriteLog(log, known->severity, known->logText);
-        ShowSubmissionMessage(ownerWindow, ResourceText(known->textId), caption, MB_OK, marker);
+        report(ResourceText(known->textId), known->severity, known->logText);
     } else {
-        WriteLog(log, known->severity, reply.ownWords);
-        const std::wstring text =
+        const std::wstring words =
             reply.hasOwnWords ? Utf8ToWide(reply.ownWords) : ResourceText(IDS_REPLY_UNREADABLE);
-        ShowSubmissionMessage(ownerWindow, text, caption, MB_OK, marker);
+        report(words, known->severity, reply.ownWords);
     }
     return reply.code;
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <stdexcept>
 #include <utility>
 
@@ -197,6 +196,17 @@ HWND WaitForDialog(const std::wstring& caption, DWORD processId,
         },
         deadline);
     return found;
+}
+
+bool WhileBoxIsOpen(const std::wstring& caption, const std::function<void()>& body,
+                    const std::function<void()>& look) {
+    std::thread worker(body);
+    const bool isOpen = WaitForDialog(caption) != nullptr;
+    if (isOpen)
+        look();
+    const MessageBoxWatcher watcher;
+    worker.join();
+    return isOpen;
 }
 
 } // namespace test

@@ -6,6 +6,7 @@
 #include "tests/support/wait_until.h"
 
 #include <atomic>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -67,6 +68,12 @@ std::wstring ReadWindowText(HWND window);
 // deadline.
 HWND WaitForDialog(const std::wstring& caption, DWORD processId = ::GetCurrentProcessId(),
                    std::chrono::milliseconds deadline = kDeadline);
+
+// Runs `body` on another thread and calls `look` while the message box with this caption is open,
+// which `body` has to show. Then presses OK in each box and returns when `body` has ended. False
+// when no box opened by the deadline; then `look` is not called.
+bool WhileBoxIsOpen(const std::wstring& caption, const std::function<void()>& body,
+                    const std::function<void()>& look);
 
 } // namespace test
 } // namespace orv

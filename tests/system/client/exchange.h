@@ -52,6 +52,18 @@ protected:
         return outcome;
     }
 
+    // Posts to a port of this machine; returns the log as it is while the message is open.
+    std::vector<std::string> logWhileMessageIsOpen(std::int32_t port) {
+        std::vector<std::string> lines;
+        EXPECT_TRUE(WhileBoxIsOpen(
+            ResourceText(IDS_CAPTION),
+            [port] {
+                PostToClient({L"127.0.0.1", port}, "{}", nullptr);
+            },
+            [&] { lines = LogLines(folder_.log(L"rud_http")); }));
+        return lines;
+    }
+
     const TestProductFolder folder_;
     const ModuleScope module_;
 };

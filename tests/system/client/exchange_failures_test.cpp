@@ -104,7 +104,6 @@ TEST_F(AFailedExchange, WithAReplyThatIsNotTheClientsIsReported) {
         {"a head alone", "HTTP/1.1 200 OK\r\nContent-Length: 0\r\n\r\n", false},
         {"a zero first", std::string("\0{\"ret\":10001}", 14), false},
         {"half of the JSON", "HTTP/1.1 200 OK\r\n\r\n{\"ret\":100", true},
-        {"no code", "HTTP/1.1 200 OK\r\n\r\n{}", true},
         {"a code in quotes", "HTTP/1.1 200 OK\r\n\r\n{\"ret\":\"10001\"}", true},
         {"a code that is huge", "HTTP/1.1 200 OK\r\n\r\n{\"ret\":9999999999999}", true},
         {"a code that is a list", "HTTP/1.1 200 OK\r\n\r\n{\"ret\":[10001]}", true},
@@ -122,6 +121,13 @@ TEST_F(AFailedExchange, WithAReplyThatIsNotTheClientsIsReported) {
         expectedLog.push_back(bad.hasBrace ? kUnreadable : "[INFO] find '{' failed.");
         EXPECT_EQ(outcome.logLines, expectedLog) << bad.name;
     }
+}
+
+TEST_F(AFailedExchange, WithAReplyWithoutACodeShowsNothing) {
+    const Outcome outcome = postForReply("HTTP/1.1 200 OK\r\n\r\n{}");
+    EXPECT_EQ(outcome.code, 0);
+    EXPECT_TRUE(outcome.boxes.empty());
+    EXPECT_EQ(outcome.logLines, std::vector<std::string>{kRead});
 }
 
 TEST_F(AFailedExchange, WithAReplyThatIsTooLongIsReported) {
@@ -156,6 +162,20 @@ TEST_F(AFailedExchange, WithAReplyInTwoPiecesSeesTheFirstAlone) {
     EXPECT_EQ(outcome.code, kNoReply);
     EXPECT_EQ(outcome.onlyText(), ResourceText(IDS_REPLY_UNREADABLE));
     EXPECT_EQ(outcome.logLines.back(), kUnreadable);
+}
+
+TEST_F(AFailedExchange, WritesItsLineWhenItsMessageIsAnswered) {
+    const std::uint16_t port = UnusedPort();
+    EXPECT_EQ(logWhileMessageIsOpen(port), std::vector<std::string>{});
+    EXPECT_EQ(LogLines(folder_.log(L"rud_http")),
+              std::vector<std::string>{"[ERROR] connect error, Error Code is: 10061"});
+}
+
+TEST_F(AFailedExchange, WithoutJsonWritesItsLineWhenItsMessageIsAnswered) {
+    ClientProcess client(L"--split before-body --reply-code 10001");
+    EXPECT_EQ(logWhileMessageIsOpen(client.port()), std::vector<std::string>{kRead});
+    EXPECT_EQ(LogLines(folder_.log(L"rud_http")),
+              (std::vector<std::string>{kRead, "[INFO] find '{' failed."}));
 }
 
 TEST_F(AFailedExchange, LeavesNoHandleBehind) {

@@ -117,17 +117,12 @@ TEST_F(AnExchange, EndsTheConnectionBeforeItsMessageIsAnswered) {
     ClientProcess client(L"--requests 1 --reply-code 10001");
     DWORD exitCode = 1;
     bool ended = false;
-    std::thread worker;
-    {
-        MessageBoxWatcher nobody(L"no such caption");
-        worker = std::thread([&client] {
+    EXPECT_TRUE(WhileBoxIsOpen(
+        ResourceText(IDS_CAPTION),
+        [&client] {
             PostToClient({L"127.0.0.1", client.port()}, "{}", nullptr);
-        });
-        EXPECT_NE(WaitForDialog(ResourceText(IDS_CAPTION)), nullptr);
-        ended = client.waitForExit(exitCode);
-    }
-    MessageBoxWatcher watcher;
-    worker.join();
+        },
+        [&] { ended = client.waitForExit(exitCode); }));
     EXPECT_TRUE(ended);
     EXPECT_EQ(exitCode, 0U);
 }

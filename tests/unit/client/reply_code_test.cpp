@@ -1,5 +1,4 @@
 #include "client/reply_code.h"
-#include "log/module_log.h"
 #include "resources/message_box.h"
 #include "resources/texts.h"
 #include "tests/support/log_lines.h"
@@ -52,6 +51,14 @@ TEST(AReply, IsReadForItsCodeAndItsWords) {
         {"{\"ret\":10010,\"err\":5}", 10010, nullptr},
         {"{\"ret\":-5}", -5, nullptr},
         {"{\"ret\":10001.0}", 10001, nullptr},
+        {"{\"ret\":10001.9}", 10001, nullptr},
+        {"{\"ret\":-1.9}", -1, nullptr},
+        {"{\"ret\":true}", 1, nullptr},
+        {"{\"ret\":false}", 0, nullptr},
+        {"{\"ret\":null}", 0, nullptr},
+        {"{\"err\":\"disk full\"}", 0, "disk full"},
+        {"{}", 0, nullptr},
+        {"null", 0, nullptr},
         {"{\"ret\":2147483647}", 2147483647, nullptr},
         {"{\"ret\":10002,\"ret\":10001}", 10001, nullptr},
         {"/* note */ {\"ret\":10001}", 10001, nullptr},
@@ -79,9 +86,6 @@ TEST(AReply, ThatIsNotTheClientsIsNotReadable) {
         "{",
         "{\"ret\":10001",
         "{\"ret\":}",
-        "{}",
-        "{\"err\":\"disk full\"}",
-        "{\"ret\":null}",
         "{\"ret\":\"10001\"}",
         "{\"ret\":[10001]}",
         "{\"ret\":{\"ret\":10001}}",
@@ -109,8 +113,7 @@ protected:
     // Lets the reply be handled and returns the boxes that came.
     std::vector<SeenMessageBox> handle(const std::string& text, int expectedCode) {
         MessageBoxWatcher watcher;
-        ModuleLog log("rud_http", 2, 5, 0);
-        EXPECT_EQ(ReplyCodeMessage(text, nullptr, log), expectedCode) << text;
+        EXPECT_EQ(ReplyCodeMessage(text, nullptr), expectedCode) << text;
         return watcher.stop();
     }
 
@@ -148,6 +151,33 @@ TEST_F(ReplyMessages, ReplaceBytesThatAreNoText) {
 TEST_F(ReplyMessages, StaySilentForAnUnknownCode) {
     EXPECT_TRUE(handle("{\"ret\":12345}", 12345).empty());
     EXPECT_TRUE(logLines().empty());
+}
+
+TEST_F(ReplyMessages, StaySilentForAReplyWithoutACode) {
+    for (const char* text : {"{}", "{\"ret\":null}", "{\"err\":\"disk full\"}"})
+        EXPECT_TRUE(handle(text, 0).empty()) << text;
+    EXPECT_TRUE(logLines().empty());
+}
+
+struct LoggedReply {
+    const char* text;
+    const char* line;
+};
+
+TEST_F(ReplyMessages, AreLoggedWhenTheyAreAnswered) {
+    const LoggedReply replies[] = {
+        {"{\"ret\":10001}", "[INFO] Submit successfully."},
+        {"{\"ret\":10010,\"err\":\"disk full\"}", "[ERROR] disk full"},
+        {"{", "[ERROR] Get response data failed: parse the data from client failed!"},
+    };
+    std::vector<std::string> expected;
+    for (const LoggedReply& reply : replies) {
+        EXPECT_TRUE(WhileBoxIsOpen(
+            ResourceText(IDS_CAPTION), [&] { ReplyCodeMessage(reply.text, nullptr); },
+            [&] { EXPECT_EQ(logLines(), expected) << reply.text; }));
+        expected.emplace_back(reply.line);
+        EXPECT_EQ(logLines(), expected) << reply.text;
+    }
 }
 
 TEST_F(ReplyMessages, SayThatAReplyCannotBeRead) {
