@@ -44,6 +44,10 @@ public:
     // are. Always true: whether the files exist is not checked, missing values are empty and 0.
     bool loadClientInfo(ClientInfo& info);
 
+    // Takes the text behind the first "=" of custom.bin as `info.ip`. 1 when a value was taken,
+    // else 0; then `info` is unchanged. loadClientInfo calls it.
+    int readCustomAddress(ClientInfo& info);
+
     SceneAnalysis analysis;
 
     // The dialog's remembered controls, by kind, in the order in which they are saved.
@@ -77,10 +81,6 @@ public:
 
 private:
     PluginData();
-
-    // Takes the text behind the first "=" of custom.bin as `info.ip`. 1 when a value was taken,
-    // else 0.
-    int readCustomAddress(ClientInfo& info);
 
     std::shared_ptr<const PackedFiles> packedFiles_; // only through the atomic functions
 };

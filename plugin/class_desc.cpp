@@ -35,7 +35,7 @@ SClass_ID Orv_RenderingClassDesc::SuperClassID() {
 }
 
 Class_ID Orv_RenderingClassDesc::ClassID() {
-    return OrvClassID();
+    return kOrvClassID;
 }
 
 const MCHAR* Orv_RenderingClassDesc::Category() {

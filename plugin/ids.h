@@ -4,11 +4,7 @@
 #include "max.h"
 
 // The utility's class.
-const ULONG kOrvClassIDPartA = 0x2E87AC90;
-const ULONG kOrvClassIDPartB = 0x85FBF488;
-inline Class_ID OrvClassID() {
-    return Class_ID(kOrvClassIDPartA, kOrvClassIDPartB);
-}
+const Class_ID kOrvClassID(0x2E87AC90, 0x85FBF488);
 
 const ActionTableId kOrvActionTableID = 0x45AA4389;
 const ActionContextId kOrvActionContextID = 0x21933FB3;

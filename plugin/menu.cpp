@@ -91,7 +91,7 @@ void InstallMenu(const MenuPlace& place, ActionTable* table) {
     }
 }
 
-void RemoveMenuByTitle(const MCHAR* title) {
+void removeMenuByTitle(const MCHAR* title) {
     IMenuManager* manager = HostMenuManager();
     IMenu* menu = manager ? manager->FindMenu(title ? title : L"") : nullptr;
     if (!menu)

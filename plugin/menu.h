@@ -20,4 +20,4 @@ void InstallMenu(const MenuPlace& place, ActionTable* table);
 
 // Empties the menu of that title and takes it out of the host; the product's context lets it go.
 // Null is taken for the empty title. Without the context the emptied menu stays registered.
-void RemoveMenuByTitle(const MCHAR* title);
+void removeMenuByTitle(const MCHAR* title);

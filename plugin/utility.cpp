@@ -21,16 +21,16 @@ void onSystemStartup(void*, NotifyInfo*) {
 
 // Titles of the menu in earlier releases; the first is today's, the last comes from the resources.
 void RemoveLeftOverMenus() {
-    RemoveMenuByTitle(loadResourceString(IDS_MENU_TITLE));
-    RemoveMenuByTitle(L"Vantrel");
-    RemoveMenuByTitle(L"OrvCloud");
-    RemoveMenuByTitle(loadResourceString(IDS_OLD_MENU_TITLE));
+    removeMenuByTitle(loadResourceString(IDS_MENU_TITLE));
+    removeMenuByTitle(L"Vantrel");
+    removeMenuByTitle(L"OrvCloud");
+    removeMenuByTitle(loadResourceString(IDS_OLD_MENU_TITLE));
 }
 
 } // namespace
 
 Orv_Rendering::~Orv_Rendering() {
-    RemoveMenuByTitle(loadResourceString(IDS_MENU_TITLE));
+    removeMenuByTitle(loadResourceString(IDS_MENU_TITLE));
 }
 
 DWORD Orv_Rendering::Start() {
@@ -53,7 +53,7 @@ void Orv_Rendering::Stop() {
     // said that it would exit has ended by now.
     orv_wait_before_exit();
     UnRegisterNotification(onSystemStartup, this, kNotifySystemStartup);
-    RemoveMenuByTitle(loadResourceString(IDS_MENU_TITLE));
+    removeMenuByTitle(loadResourceString(IDS_MENU_TITLE));
     orv_host_close();
 }
 

@@ -173,6 +173,18 @@ TEST_F(LoadClientInfo, PrefersTheAddressOfTheCustomFile) {
     }
 }
 
+TEST_F(LoadClientInfo, KnowsWhetherTheCustomFileHasAnAddress) {
+    ClientInfo info;
+    info.ip = L"before";
+    EXPECT_EQ(data.readCustomAddress(info), 0);
+    writeCustom(L"no sign");
+    EXPECT_EQ(data.readCustomAddress(info), 0);
+    EXPECT_EQ(info.ip, L"before");
+    writeCustom(L"ip=10.0.0.5");
+    EXPECT_EQ(data.readCustomAddress(info), 1);
+    EXPECT_EQ(info.ip, L"10.0.0.5");
+}
+
 TEST_F(LoadClientInfo, DropsTheOddLastByteOfTheCustomFile) {
     product.write(L"/script/custom.bin", test::Utf16Bytes(L"ip=10.0.0.5") + "6");
     EXPECT_EQ(load().ip, L"10.0.0.5");
