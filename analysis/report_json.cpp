@@ -72,17 +72,13 @@ bool HasLongCommentRun(const std::string& json) {
     return false;
 }
 
-ParseOutcome ParseReportJson(const std::string& json, Json::Value& report) {
+bool ParseReportJson(const std::string& json, Json::Value& report) {
     try {
         Json::Reader reader;
         const char* const begin = json.data(); // from here, JsonCpp makes no copy of the text
-        const bool isJson =
-            reader.parse(begin, begin + json.size(), report, !HasLongCommentRun(json));
-        return isJson ? ParseOutcome::Parsed : ParseOutcome::NotJson;
-    } catch (const Json::RuntimeError&) { // how JsonCpp says that it went deep enough
-        return ParseOutcome::TooDeep;
-    } catch (const Json::Exception&) {
-        return ParseOutcome::NotJson;
+        return reader.parse(begin, begin + json.size(), report, !HasLongCommentRun(json));
+    } catch (const Json::Exception&) { // such as of a text that is nested too deeply
+        return false;
     }
 }
 
@@ -97,7 +93,7 @@ std::shared_ptr<const ReportDocument> ReportOf(SceneAnalysis& analysis) {
     analysis.report.reset();
     const auto document = std::make_shared<ReportDocument>();
     document->textHash = hash;
-    if (ParseReportJson(WideToUtf8(analysis.reportText), document->root) == ParseOutcome::Parsed)
+    if (ParseReportJson(WideToUtf8(analysis.reportText), document->root))
         analysis.report = document;
     return analysis.report;
 }
@@ -106,12 +102,17 @@ const Json::Value& MemberOf(const Json::Value& object, const char* member) {
     return object.isObject() ? object[member] : Json::Value::nullSingleton();
 }
 
+const Json::Value& EntriesOf(const Json::Value& object, const char* member) {
+    const Json::Value& value = MemberOf(object, member);
+    return value.isArray() ? value : Json::Value::nullSingleton();
+}
+
 std::string TextOf(const Json::Value& value) {
     return value.isArray() || value.isObject() ? std::string() : value.asString();
 }
 
-const char* RawText(const Json::Value& value) {
-    return value.isString() ? value.asCString() : "";
+std::string CTextOf(const Json::Value& value) {
+    return value.isString() ? std::string(value.asCString()) : TextOf(value);
 }
 
 } // namespace orv

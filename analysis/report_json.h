@@ -17,15 +17,10 @@ namespace orv {
 // which takes minutes for a megabyte of comments. Such a text is parsed without them.
 bool HasLongCommentRun(const std::string& json);
 
-enum class ParseOutcome {
-    Parsed,
-    NotJson,
-    TooDeep, // nested deeper than JsonCpp follows, which is 1000 levels
-};
-
-// Parses a report (UTF-8). Comments are kept with the values, unless there are more than a hundred
-// in a row. The offsets of the values are those in `json`. Throws only when memory runs out.
-ParseOutcome ParseReportJson(const std::string& json, Json::Value& report);
+// Parses a report (UTF-8). False when it is not JSON or is nested deeper than JsonCpp follows,
+// which is 1000 levels. Comments are kept with the values, unless there are more than a hundred in
+// a row. The offsets of the values are those in `json`. Throws only when memory runs out.
+bool ParseReportJson(const std::string& json, Json::Value& report);
 
 // A parsed report. The report of a large scene has many megabytes, and parsing takes longer than
 // all other work on it: an analysis parses its report once.
@@ -48,20 +43,24 @@ struct ReportPaths {
     std::vector<const char*> referenced;
 };
 
-// The name of the first member that the reader needs and that is missing or of another type, such
-// as "cameras[2].name", with what is expected of it; empty when the report can be read. Then
-// `paths` are filled: visiting hundreds of thousands of entries once is enough.
-std::string FindReportFault(const Json::Value& report, ReportPaths& paths);
+// The name of the first required member that is missing or is not a text, such as
+// "cameras[2].name", in the order of the steps that read them; empty when the report can be read.
+// Then `paths` are filled: visiting hundreds of thousands of entries once is enough. Members that
+// no step reads, because the report has no cameras, are not required.
+std::string FindMissingMember(const Json::Value& report, ReportPaths& paths);
 
-// `member` of `object`; the null value when it is missing or `object` is not an object. The readers
-// below accept any type, so that code that reads an unchecked report cannot fail.
+// The readers below accept any type, so that code that reads an unchecked report cannot fail.
+
+// `member` of `object`; the null value when it is missing or `object` is not an object.
 const Json::Value& MemberOf(const Json::Value& object, const char* member);
+
+// `member` of `object` when it is a list, otherwise the null value, which has no entries.
+const Json::Value& EntriesOf(const Json::Value& object, const char* member);
 
 // A string, number or boolean as text; empty for everything else.
 std::string TextOf(const Json::Value& value);
 
-// A string as C sees it: up to its first zero character; empty for any other value.
-// Points into `value`.
-const char* RawText(const Json::Value& value);
+// The same as C sees it: up to its first zero character.
+std::string CTextOf(const Json::Value& value);
 
 } // namespace orv

@@ -5,6 +5,8 @@
 #include "analysis/text/paths.h"
 #include "analysis/text/text_convert.h"
 #include "log/log.h"
+#include "resources/message_box.h"
+#include "resources/texts.h"
 
 #include <exception>
 #include <memory>
@@ -50,7 +52,7 @@ int ReadInOrder(const Json::Value& report, const ReportPaths& paths, ReferenceFi
     ListMissingFiles(paths.missing, analysis);
     ListSameNameFiles(report, analysis);
     if (!HasCameras(report)) {
-        AddMessage(analysis, kError, "No cameras!");
+        AddMessage(analysis, kError, "No cameras!", IDS_WARNING_NO_CAMERAS);
         return kReportNoCameras;
     }
     SceneImage image = ReadSceneImage(report, analysis);
@@ -83,11 +85,16 @@ int ReadWhole(const std::shared_ptr<ReportDocument>& document, const ReportPaths
     return result;
 }
 
-int Refuse(SceneAnalysis& analysis, const std::string& reason) {
+int Refuse(SceneAnalysis& analysis, const std::string& reason, const std::wstring& shown) {
     const std::string text = "The analysis report cannot be used: " + reason + ".";
-    AddMessage(analysis, kError, text);
+    analysis.messages.push_back({kError, text, shown});
     WriteLog(LogModule::Data, kError, text);
     return kReportRefused;
+}
+
+int RefuseWithout(const std::string& member, SceneAnalysis& analysis) {
+    return Refuse(analysis, "\"" + member + "\" is missing or is not a text",
+                  ResourceTextWith(IDS_REPORT_LACKS_MEMBER, {Utf8ToWide(member)}));
 }
 
 int ReadNothing(SceneAnalysis& analysis) {
@@ -98,15 +105,12 @@ int ReadNothing(SceneAnalysis& analysis) {
 
 int Read(SceneAnalysis& analysis) {
     const auto document = std::make_shared<ReportDocument>();
-    const ParseOutcome outcome = ParseReportJson(WideToUtf8(analysis.reportText), document->root);
-    if (outcome == ParseOutcome::NotJson)
+    if (!ParseReportJson(WideToUtf8(analysis.reportText), document->root))
         return ReadNothing(analysis);
-    if (outcome == ParseOutcome::TooDeep)
-        return Refuse(analysis, "it is nested more than 1000 levels deep");
     ReportPaths paths;
-    const std::string fault = FindReportFault(document->root, paths);
-    if (!fault.empty())
-        return Refuse(analysis, fault);
+    const std::string missing = FindMissingMember(document->root, paths);
+    if (!missing.empty())
+        return RefuseWithout(missing, analysis);
     return ReadWhole(document, paths, analysis);
 }
 
@@ -117,22 +121,23 @@ int ReadAnalysisReport(SceneAnalysis& analysis) {
         BeginRead(analysis);
         return Read(analysis);
     } catch (const std::bad_alloc&) {
-        return Refuse(analysis, "there is not enough memory for it");
-    } catch (const std::exception& error) { // a type that was not foreseen
-        return Refuse(analysis, error.what());
+        return Refuse(analysis, "there is not enough memory for it", {});
+    } catch (const std::exception& error) { // of a kind that was not foreseen
+        return Refuse(analysis, error.what(), {});
     }
 }
 
 std::string InitSceneName(SceneAnalysis& analysis) {
     const std::shared_ptr<const ReportDocument> report = ReportOf(analysis);
     if (report == nullptr) {
-        AddMessage(analysis, kWarn, "Parse failed in initing scene name!");
+        AddMessage(analysis, kWarn, "Parse failed in initing scene name!",
+                   IDS_WARNING_SCENE_NAME_UNREADABLE);
         return {};
     }
     const std::string path = TextOf(MemberOf(report->root, "name"));
     const std::size_t nameStart = SceneFileNameStart(path);
     if (nameStart == 0) {
-        AddMessage(analysis, kWarn, "The scene name is empty!");
+        AddMessage(analysis, kWarn, "The scene name is empty!", IDS_WARNING_SCENE_NAME_EMPTY);
         return {};
     }
     analysis.sceneFileName = path.substr(nameStart);

@@ -18,8 +18,9 @@ constexpr int kReportDuplicateCameras = 4;
 // that no later reader gets them. Stores the parsed report in `analysis.report`.
 //
 // Returns kReportRead also for a text that is not JSON: then there are no cameras. kReportRefused:
-// a member that is needed is missing or of another type; one "ERROR" message names it, nothing of
-// the report was taken, the dialog cannot go on. Lets no exception out.
+// a required member is missing or is not a text; one "ERROR" message names it, nothing of the
+// report was taken, the dialog cannot go on. Its shown text is empty when memory ran out. Lets no
+// exception out.
 int ReadAnalysisReport(SceneAnalysis& analysis);
 
 // Takes the scene's path and file name from the report. Returns the file name (UTF-8), empty, with

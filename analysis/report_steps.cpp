@@ -23,8 +23,10 @@ constexpr char kUnlimited[] = "0"; // compared as text: "0.0" counts as a limit
 
 } // namespace
 
-void AddMessage(SceneAnalysis& analysis, const char* severity, const std::string& text) {
-    analysis.messages.push_back({severity, text});
+void AddMessage(SceneAnalysis& analysis, const char* severity, const std::string& text,
+                unsigned shownId) {
+    analysis.messages.push_back(
+        {severity, text, shownId != 0 ? ResourceText(shownId) : std::wstring()});
 }
 
 void AddTip(SceneAnalysis& analysis, unsigned textId) {
@@ -34,7 +36,7 @@ void AddTip(SceneAnalysis& analysis, unsigned textId) {
 }
 
 void CheckRenderer(const Json::Value& report, SceneAnalysis& analysis) {
-    if (RawText(MemberOf(report, "renderer_full_name")) == std::string("Missing_Renderer"))
+    if (CTextOf(MemberOf(report, "renderer_full_name")) == "Missing_Renderer")
         AddTip(analysis, IDS_TIP_RENDERER_MISSING);
 }
 
@@ -47,9 +49,9 @@ void ReadCoronaLimits(const Json::Value& report, SceneAnalysis& analysis) {
         analysis.coronaState = CoronaLimitState::NoLimits;
         return;
     }
-    const std::string pass = RawText(passValue);
-    const std::string milliseconds = RawText(timeValue);
-    const std::string noise = RawText(noiseValue);
+    const std::string pass = CTextOf(passValue);
+    const std::string milliseconds = CTextOf(timeValue);
+    const std::string noise = CTextOf(noiseValue);
     analysis.coronaPassLimit = WholeNumber(pass);
     analysis.coronaTimeLimitSeconds = WholeNumber(milliseconds) / 1000;
     analysis.coronaTimeLimitHours = analysis.coronaTimeLimitSeconds * (1.0 / 3600.0);
@@ -61,25 +63,28 @@ void ReadCoronaLimits(const Json::Value& report, SceneAnalysis& analysis) {
         analysis.coronaState = CoronaLimitState::NothingLimited;
         AddMessage(analysis, kError,
                    "The progressive pass, time and noise level are not limited in Corona! Please "
-                   "revise and submit again!");
+                   "revise and submit again!",
+                   IDS_WARNING_CORONA_UNLIMITED);
     } else {
         analysis.coronaState = CoronaLimitState::OnlyTimeLimited;
         AddTip(analysis, IDS_TIP_CORONA_BLOCKS);
         AddMessage(
             analysis, kWarn,
             "Block rendering is not recommended in Corona. Please limit progressive pass and "
-            "noise level if you still want to use block rendering.");
+            "noise level if you still want to use block rendering.",
+            IDS_WARNING_CORONA_TIME_ONLY);
     }
 }
 
 void ReadRegion(const Json::Value& report, SceneAnalysis& analysis) {
-    analysis.isRegion = RawText(MemberOf(report, "is_region"));
+    analysis.isRegion = CTextOf(MemberOf(report, "is_region"));
     if (analysis.isRegion != "true")
         return;
     AddTip(analysis, IDS_TIP_REGION);
     AddMessage(analysis, kWarn,
                "Region rendering is used in your scene file. Please ignore this message if you "
-               "confirm to use block rendering.");
+               "confirm to use block rendering.",
+               IDS_WARNING_REGION);
 }
 
 void ListMissingFiles(const std::vector<const char*>& paths, SceneAnalysis& analysis) {
@@ -93,7 +98,7 @@ void ListMissingFiles(const std::vector<const char*>& paths, SceneAnalysis& anal
 }
 
 void ListSameNameFiles(const Json::Value& report, SceneAnalysis& analysis) {
-    const Json::Value& files = MemberOf(report, "same_file");
+    const Json::Value& files = EntriesOf(report, "same_file");
     if (files.empty())
         return;
     analysis.problemFiles.push_back(ResourceText(IDS_SAME_FILES_HEADING));
@@ -101,7 +106,7 @@ void ListSameNameFiles(const Json::Value& report, SceneAnalysis& analysis) {
     for (const Json::Value& entry : files) {
         const Json::Value& path = MemberOf(entry, "path");
         if (path.isString())
-            analysis.problemFiles.push_back(prefix + Utf8ToWide(RawText(path)));
+            analysis.problemFiles.push_back(prefix + Utf8ToWide(CTextOf(path)));
     }
 }
 
@@ -175,7 +180,8 @@ void WarnOfCyrillicReferences(const ReferenceFindings& findings, SceneAnalysis& 
     if (!findings.hasCyrillic)
         return;
     AddTip(analysis, IDS_TIP_CYRILLIC_REFERENCE);
-    AddMessage(analysis, kWarn, "The name of reference file have Russian characters.");
+    AddMessage(analysis, kWarn, "The name of reference file have Russian characters.",
+               IDS_WARNING_CYRILLIC_REFERENCE);
 }
 
 void ListIllegalReferences(ReferenceFindings& findings, SceneAnalysis& analysis) {
@@ -183,7 +189,8 @@ void ListIllegalReferences(ReferenceFindings& findings, SceneAnalysis& analysis)
         return;
     analysis.hasIllegalReference = true;
     analysis.problemFiles.push_back(ResourceText(IDS_ILLEGAL_REFERENCES_HEADING));
-    AddMessage(analysis, kWarn, "The name of reference file have illegal characters.");
+    AddMessage(analysis, kWarn, "The name of reference file have illegal characters.",
+               IDS_WARNING_ILLEGAL_REFERENCE);
     analysis.problemFiles.insert(analysis.problemFiles.end(),
                                  std::make_move_iterator(findings.illegalPaths.begin()),
                                  std::make_move_iterator(findings.illegalPaths.end()));
@@ -235,7 +242,7 @@ constexpr std::int32_t kProgressiveSampler = 3; // V-Ray's number of it
 constexpr std::int32_t kAdvisedErrorCode = 107;
 
 std::wstring NameOf(const Json::Value& entry) {
-    const std::wstring name = Utf8ToWide(RawText(MemberOf(entry, "name")));
+    const std::wstring name = Utf8ToWide(CTextOf(MemberOf(entry, "name")));
     return name.size() > kLongestName ? std::wstring() : name;
 }
 
@@ -250,7 +257,7 @@ std::wstring UpperCased(std::wstring text) {
 }
 
 std::int32_t WholeNumberOf(const Json::Value& object, const char* member) {
-    return WholeNumber(std::string(RawText(MemberOf(object, member))));
+    return WholeNumber(CTextOf(MemberOf(object, member)));
 }
 
 // A conversion of a number beyond a float's range would be undefined.
@@ -262,16 +269,16 @@ float WithinFloat(double value) {
 bool IsSpherical(const Json::Value& vray) {
     const Json::Value& override = MemberOf(vray, "camera_override_fov");
     const Json::Value& fieldOfView = MemberOf(vray, "camera_fov");
-    const double degrees = fieldOfView.isNull() ? kFullCircle : DecimalNumber(RawText(fieldOfView));
+    const double degrees = fieldOfView.isNull() ? kFullCircle : DecimalNumber(CTextOf(fieldOfView));
     // The report has 360.0 exactly, so the comparison is exact on purpose.
     const bool isFullCircle = !(degrees < kFullCircle) && !(degrees > kFullCircle);
-    return override.asBool() && isFullCircle &&
-           RawText(MemberOf(vray, "is_spherical")) == std::string("true");
+    return override.isConvertibleTo(Json::booleanValue) && override.asBool() && isFullCircle &&
+           TextOf(MemberOf(vray, "is_spherical")) == "true";
 }
 
 // A camera's own width or height, 0 when it has none.
 std::int32_t OwnSize(const Json::Value& camera, const char* member) {
-    return WholeNumber(Utf8ToWide(RawText(MemberOf(camera, member))));
+    return WholeNumber(Utf8ToWide(CTextOf(MemberOf(camera, member))));
 }
 
 CameraInfo ReadCamera(const Json::Value& camera, const std::wstring& name,
@@ -291,7 +298,7 @@ CameraInfo ReadCamera(const Json::Value& camera, const std::wstring& name,
 } // namespace
 
 bool HasCameras(const Json::Value& report) {
-    return !MemberOf(report, "cameras").empty();
+    return !EntriesOf(report, "cameras").empty();
 }
 
 SceneImage ReadSceneImage(const Json::Value& report, SceneAnalysis& analysis) {
@@ -321,7 +328,8 @@ void ReadCameras(const Json::Value& report, const SceneImage& image, SceneAnalys
         const std::wstring nameInScene = NameOf(camera);
         std::wstring outputName = nameInScene;
         if (HasIllegalNameChar(nameInScene)) {
-            AddMessage(analysis, kWarn, "The original camera name contain invalid characters!");
+            AddMessage(analysis, kWarn, "The original camera name contain invalid characters!",
+                       IDS_WARNING_CAMERA_NAME);
             outputName = StripChars(nameInScene, kDeletedNameChars);
         }
         // Of two cameras with one name the first stays.
@@ -332,23 +340,23 @@ void ReadCameras(const Json::Value& report, const SceneImage& image, SceneAnalys
 void ReadGamma(const Json::Value& report, SceneAnalysis& analysis) {
     const Json::Value& gamma = MemberOf(report, "gamma_out");
     if (!gamma.isNull())
-        analysis.gammaOut = WithinFloat(DecimalNumber(RawText(gamma)));
+        analysis.gammaOut = WithinFloat(DecimalNumber(CTextOf(gamma)));
 }
 
 void ReadErrors(const Json::Value& report, SceneAnalysis& analysis) {
     const Json::Value& errors = MemberOf(report, "errors");
     if (errors.isNull()) {
-        AddMessage(analysis, kInfo, "No errors!");
+        AddMessage(analysis, kInfo, "No errors!", 0);
         return;
     }
-    for (const Json::Value& entry : MemberOf(errors, "error_code")) {
+    for (const Json::Value& entry : EntriesOf(errors, "error_code")) {
         if (WholeNumberOf(entry, "code") == kAdvisedErrorCode)
             AddTip(analysis, IDS_TIP_SCENE_ERROR);
     }
 }
 
 bool ReadDuplicateCameras(const Json::Value& report, SceneAnalysis& analysis) {
-    const Json::Value& cameras = MemberOf(report, "dupl_cameras");
+    const Json::Value& cameras = EntriesOf(report, "dupl_cameras");
     for (Json::ArrayIndex i = 0; i < cameras.size(); ++i) {
         if (i > 0)
             analysis.duplicateCameraNames += L",";
@@ -360,7 +368,8 @@ bool ReadDuplicateCameras(const Json::Value& report, SceneAnalysis& analysis) {
 void AddClosingMessage(const Json::Value& report, SceneAnalysis& analysis) {
     AddMessage(analysis, kInfo,
                "Get analysis information successfully. Current 3ds Max version is :" +
-                   TextOf(MemberOf(report, "version")));
+                   TextOf(MemberOf(report, "version")),
+               0);
 }
 
 } // namespace orv

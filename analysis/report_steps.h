@@ -1,5 +1,6 @@
 // The steps of reading a report, in the order in which their messages reach the user. Each takes a
-// report that FindReportFault has passed.
+// report in which FindMissingMember has found nothing missing; all other members may be of any
+// type.
 #pragma once
 
 #include "config/scene_analysis.h"
@@ -10,7 +11,10 @@
 
 namespace orv {
 
-void AddMessage(SceneAnalysis& analysis, const char* severity, const std::string& text);
+// Appends a message: `text` for the record, and the text of number `shownId` for the user, who sees
+// nothing of it when that is 0.
+void AddMessage(SceneAnalysis& analysis, const char* severity, const std::string& text,
+                unsigned shownId);
 
 // Appends advice by its number; the first one of a read is preceded by the list's heading.
 void AddTip(SceneAnalysis& analysis, unsigned textId);

@@ -10,10 +10,11 @@
 
 namespace orv {
 
-// One line for the user: severity is "ERROR", "WARN" or "INFO"; the text is UTF-8.
+// A finding of the analysis.
 struct AnalysisMessage {
-    std::string severity;
-    std::string text;
+    std::string severity; // "ERROR", "WARN" or "INFO"
+    std::string text;     // for the record, English, UTF-8
+    std::wstring shown;   // for the user, in the language of the texts; empty: for the record alone
 };
 
 enum class CoronaLimitState : std::int32_t {

@@ -25,6 +25,18 @@ std::wstring ResourceText(unsigned id) {
     return length > 0 ? std::wstring(buffer, static_cast<std::size_t>(length)) : std::wstring();
 }
 
+std::wstring ResourceTextWith(unsigned id, std::initializer_list<std::wstring> values) {
+    std::wstring text = ResourceText(id);
+    int number = 0;
+    for (const std::wstring& value : values) {
+        const std::wstring mark = L"%" + std::to_wstring(++number);
+        const std::size_t at = text.find(mark);
+        if (at != std::wstring::npos)
+            text.replace(at, mark.size(), value);
+    }
+    return text;
+}
+
 WORD MessageBoxLanguage(const std::wstring& marker) {
     return marker == L"0" ? kEnglish : kNotEnglish;
 }

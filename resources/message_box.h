@@ -3,12 +3,16 @@
 
 #include "base/windows.h"
 
+#include <initializer_list>
 #include <string>
 
 namespace orv {
 
 // The text of number `id`, empty when there is none. Safe from any thread: no shared buffer.
 std::wstring ResourceText(unsigned id);
+
+// The same with each value in its place: the first one takes that of "%1", the second that of "%2".
+std::wstring ResourceTextWith(unsigned id, std::initializer_list<std::wstring> values);
 
 // Language of message boxes by the text of language marker 57: English for exactly "0", else 1.
 WORD MessageBoxLanguage(const std::wstring& marker);

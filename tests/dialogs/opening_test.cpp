@@ -199,10 +199,11 @@ TEST_P(UnreadableReport, IsTold) {
 INSTANTIATE_TEST_SUITE_P(Texts, UnreadableReport,
                          ::testing::Values("", "no json", "[1, 2", R"({"cameras": [{"name": 5}]})",
                                            R"(["cameras"])",
-                                           R"({"is_region": "false", "cameras": 7})"));
+                                           R"({"is_region": true, "cameras": []})"));
 
 TEST_F(Opening, NamesWhatIsWrongWithAReportThatItRefuses) {
-    host_.setParser("text", R"({"is_region": "false", "cameras": [{"name": "a"}, {"name": 5}]})");
+    host_.setParser("text", R"({"is_region": "false", "image_width": "1", "image_height": "1",
+        "start_frame": "0", "cameras": [{"name": "a"}, {"name": 5}]})");
     host_.start();
     const std::vector<SeenMessageBox> boxes = openAndBeRefused();
     ASSERT_EQ(boxes.size(), 1U);
@@ -212,13 +213,39 @@ TEST_F(Opening, NamesWhatIsWrongWithAReportThatItRefuses) {
         << "the member is named";
 }
 
-// Errors, warnings, advice and problem files of one report, in the order of the list.
-TEST_F(Opening, ListsAllThatAReportTells) {
-    host_.setParser("text", R"({"name": "D:/room.max",
+TEST_F(Opening, NamesInChineseWhatIsWrongWithAReport) {
+    host_.setParser("text", R"({"cameras": []})");
+    host_.start(kChineseLanguage);
+    const std::vector<SeenMessageBox> boxes = openAndBeRefused();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text,
+              L"无法读取场景分析的结果。请重新安装 Orv Rendering，然后重新打开此对话框。"
+              L"\n\n分析报告无法使用：\"is_region\" 缺失或不是文本。");
+}
+
+constexpr char kReportOfFindings[] = R"({"name": "D:/room.max",
         "is_region": "true", "image_width": "1920", "image_height": "1080", "start_frame": "0",
         "image_format": "tif", "cameras": [{"name": "a:b"}],
         "corona_setting": {"pass_limit": "0", "time_limit": "0", "noise_level_limit": "0"},
-        "reference_file": [{"path": "D:\\100%.png"}], "missing_file": [{"path": "D:\\oak.jpg"}]})");
+        "reference_file": [{"path": "D:\\100%.png"}], "missing_file": [{"path": "D:\\oak.jpg"}]})";
+
+TEST_F(Opening, ListsInChineseWhatAReportTells) {
+    host_.setParser("text", kReportOfFindings);
+    host_.start(kChineseLanguage);
+    HWND window = host_.openDialog();
+    ASSERT_NE(window, nullptr);
+    const std::vector<std::wstring> lines = Lines(window, IDC_WARNINGS);
+    ASSERT_EQ(lines.size(), 11U);
+    EXPECT_EQ(lines[0], L"Corona 未限制渐进采样次数、时间和噪点级别！请修改后再次提交！");
+    EXPECT_EQ(lines[1], L"场景文件使用了区域渲染。如果确认要使用分块渲染，请忽略此消息。");
+    EXPECT_EQ(lines[2], L"引用文件的名称中含有非法字符。");
+    EXPECT_EQ(lines[3], L"原摄影机名称含有无效字符！");
+    EXPECT_EQ(lines[4], L"提交前请留意以下内容：");
+}
+
+// Errors, warnings, advice and problem files of one report, in the order of the list.
+TEST_F(Opening, ListsAllThatAReportTells) {
+    host_.setParser("text", kReportOfFindings);
     host_.start();
     HWND window = host_.openDialog();
     ASSERT_NE(window, nullptr);

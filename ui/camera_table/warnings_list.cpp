@@ -1,15 +1,15 @@
 #include "ui/camera_table/warnings_list.h"
 
-#include "analysis/text/text_convert.h"
 #include "log/log.h"
 #include "windows/controls.h"
 
 namespace orv {
+
 std::vector<std::wstring> WarningLines(const SceneAnalysis& analysis) {
     std::vector<std::wstring> lines;
     for (const AnalysisMessage& message : analysis.messages) {
-        if (message.severity != kInfo)
-            lines.push_back(Utf8ToWide(message.text));
+        if (!message.shown.empty())
+            lines.push_back(message.shown);
     }
     lines.insert(lines.end(), analysis.tips.begin(), analysis.tips.end());
     lines.insert(lines.end(), analysis.problemFiles.begin(), analysis.problemFiles.end());

@@ -9,7 +9,7 @@
 
 namespace orv {
 
-// The lines for the user: the messages that are more than information, the advice, the problem
+// The lines for the user: the messages that have a text for the user, the advice, the problem
 // files, each in the order in which the analysis found them.
 std::vector<std::wstring> WarningLines(const SceneAnalysis& analysis);
 

@@ -227,9 +227,11 @@ bool MainDialog::readReport() {
         end(0);
         return false;
     }
-    if (result == kReportRefused) // its last message says what is wrong with it
-        return refuse(ResourceText(IDS_REPORT_UNREADABLE) + L"\n\n" +
-                      Utf8ToWide(data_.analysis.messages.back().text));
+    if (result == kReportRefused) { // its last message says what is wrong with it
+        const std::wstring reason = data_.analysis.messages.back().shown;
+        return refuse(ResourceText(IDS_REPORT_UNREADABLE) +
+                      (reason.empty() ? reason : L"\n\n" + reason));
+    }
     // A report that is no JSON reads as one without cameras; a table left empty would explain
     // nothing.
     if (data_.analysis.cameras.empty())

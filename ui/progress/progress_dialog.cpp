@@ -21,12 +21,6 @@ constexpr std::uint64_t kLinesMilliseconds = 250; // nobody reads faster
 
 // The archiver writes the archive under a name of its own until it is whole.
 
-void Replace(std::wstring& text, const std::wstring& mark, const std::wstring& value) {
-    const std::size_t at = text.find(mark);
-    if (at != std::wstring::npos)
-        text.replace(at, mark.size(), value);
-}
-
 std::wstring TwoDigits(std::uint64_t number) {
     return (number < 10 ? L"0" : L"") + std::to_wstring(number);
 }
@@ -60,9 +54,7 @@ std::wstring ElapsedText(std::uint64_t milliseconds) {
 }
 
 std::wstring TimeLine(std::uint64_t milliseconds) {
-    std::wstring line = ResourceText(IDS_PROGRESS_TIME);
-    Replace(line, L"%1", ElapsedText(milliseconds));
-    return line;
+    return ResourceTextWith(IDS_PROGRESS_TIME, {ElapsedText(milliseconds)});
 }
 
 std::wstring MegabyteText(std::uint64_t bytes) {
@@ -125,12 +117,11 @@ void ProgressDialog::showLines() {
     const std::shared_ptr<const PackedFiles> files = data_.packedFiles();
     if (files == nullptr)
         return;
-    std::wstring size = ResourceText(IDS_PROGRESS_SIZE);
     const std::uint64_t archive =
         std::max(FileSize(files->archive), FileSize(files->archive + kUnfinishedSuffix));
-    Replace(size, L"%1", MegabyteText(archive));
-    Replace(size, L"%2", MegabyteText(FileSize(files->scene)));
-    Control(window(), IDC_PROGRESS_SIZE).updateText(size);
+    Control(window(), IDC_PROGRESS_SIZE)
+        .updateText(ResourceTextWith(
+            IDS_PROGRESS_SIZE, {MegabyteText(archive), MegabyteText(FileSize(files->scene))}));
 }
 
 // The system shows a modal dialog some time after onInit, whatever the flags are by then.

@@ -34,7 +34,7 @@ TEST_F(Cameras, AreRebuiltFromTheRecordsWhenTheSubmissionSaysSo) {
     PluginData& data = PluginData::instance();
     data.analysis.cameras.erase(L"Door");
     data.analysis.cameras[L"Camera 01"].startFrame = 99;
-    data.analysis.messages.push_back({kWarn, "Something new"});
+    data.analysis.messages.push_back({kWarn, "Something new", L"Something new"});
     ::SendMessageW(window_, kRebuildCameraTable, 0, 0);
 
     const std::vector<TableRow> rows = Rows(window_, IDC_CAMERAS);

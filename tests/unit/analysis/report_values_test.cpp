@@ -19,11 +19,11 @@ std::string Nested(std::size_t levels, char opening, char closing) {
     return std::string(levels, opening) + std::string(levels, closing);
 }
 
-TEST(ParseReport, TellsAReportThatIsNestedTooDeeplyFromOneThatIsNotJson) {
+TEST(ParseReport, FollowsAThousandLevels) {
     Json::Value report;
-    EXPECT_EQ(ParseReportJson(Nested(1000, '[', ']'), report), ParseOutcome::Parsed);
-    EXPECT_EQ(ParseReportJson(Nested(1001, '[', ']'), report), ParseOutcome::TooDeep);
-    EXPECT_EQ(ParseReportJson(std::string(900, '['), report), ParseOutcome::NotJson);
+    EXPECT_TRUE(ParseReportJson(Nested(1000, '[', ']'), report));
+    EXPECT_FALSE(ParseReportJson(Nested(1001, '[', ']'), report));
+    EXPECT_FALSE(ParseReportJson(std::string(900, '['), report));
     EXPECT_FALSE(ParseReport(std::wstring(5000, L'['), report));
 }
 
@@ -59,12 +59,25 @@ TEST(TextOf, IsEmptyForWhatHasNoText) {
     EXPECT_EQ(TextOf(Json::Value(Json::arrayValue)), "");
 }
 
-TEST(RawText, EndsAtTheFirstZeroCharacter) {
-    EXPECT_STREQ(RawText(Json::Value("abc")), "abc");
-    EXPECT_STREQ(RawText(Json::Value(std::string("ab\0c", 4))), "ab");
-    EXPECT_STREQ(RawText(Json::Value("")), "");
-    EXPECT_STREQ(RawText(Json::Value(5)), "");
-    EXPECT_STREQ(RawText(Json::Value()), "");
+TEST(CTextOf, EndsAtTheFirstZeroCharacter) {
+    EXPECT_EQ(CTextOf(Json::Value("abc")), "abc");
+    EXPECT_EQ(CTextOf(Json::Value(std::string("ab\0c", 4))), "ab");
+    EXPECT_EQ(CTextOf(Json::Value("")), "");
+    EXPECT_EQ(CTextOf(Json::Value(5)), "5");
+    EXPECT_EQ(CTextOf(Json::Value(360.0)), "360.0");
+    EXPECT_EQ(CTextOf(Json::Value(true)), "true");
+    EXPECT_EQ(CTextOf(Json::Value()), "");
+    EXPECT_EQ(CTextOf(Json::Value(Json::arrayValue)), "");
+    EXPECT_EQ(CTextOf(Json::Value(Json::objectValue)), "");
+}
+
+TEST(EntriesOf, AreNoneOfWhatIsNoList) {
+    const Json::Value object =
+        test::ParseJson(R"({"list": [1, 2], "object": {"a": 1}, "text": "a", "number": 5})");
+    EXPECT_EQ(EntriesOf(object, "list").size(), 2U);
+    for (const char* member : {"object", "text", "number", "missing"})
+        EXPECT_TRUE(EntriesOf(object, member).empty()) << member;
+    EXPECT_TRUE(EntriesOf(Json::Value(5), "list").empty());
 }
 
 } // namespace

@@ -93,6 +93,14 @@ TEST(ResourceTextOf, HasAtMost255Characters) {
     EXPECT_EQ(ResourceText(kTextOf300), kLongest);
 }
 
+TEST(ResourceTextOf, HasValuesInTheirPlaces) {
+    const ModuleScope module;
+    const LanguageScope english(kEnglishLanguage);
+    EXPECT_EQ(ResourceTextWith(IDS_PROGRESS_SIZE, {L"1.5", L"20.0"}),
+              L"Archive: 1.5 MB, scene: 20.0 MB");
+    EXPECT_EQ(ResourceTextWith(IDS_FORMAT_PNG, {L"nowhere"}), L"PNG");
+}
+
 TEST(ResourceTextOf, IsEmptyWhereThereIsNoTextOrNoModule) {
     {
         const ModuleScope module;

@@ -13,8 +13,10 @@ namespace {
 
 TEST(WarningLines, AreMessagesThenAdviceThenProblemFilesWithoutInformation) {
     SceneAnalysis analysis;
-    analysis.messages = {
-        {kInfo, "No errors!"}, {kWarn, "w \xE6\x91\x84"}, {kError, "e"}, {kInfo, "Done"}};
+    analysis.messages = {{kInfo, "No errors!", L""},
+                         {kWarn, "recorded", L"w \u6444"},
+                         {kError, "e", L"e"},
+                         {kInfo, "Done", L""}};
     analysis.tips = {L"heading", L"tip"};
     analysis.problemFiles = {L"missing:", L"a.jpg"};
 
@@ -25,7 +27,7 @@ TEST(WarningLines, AreMessagesThenAdviceThenProblemFilesWithoutInformation) {
 
 TEST(WarningLines, AreNoneForASceneWithoutFaults) {
     SceneAnalysis analysis;
-    analysis.messages = {{kInfo, "No errors!"}};
+    analysis.messages = {{kInfo, "No errors!", L""}};
     EXPECT_TRUE(WarningLines(analysis).empty());
 }
 
