@@ -71,7 +71,7 @@ bool ReadText(const wchar_t* name, std::string& bytes, std::wstring& text) {
     text = Utf8ToWide(bytes, &isUtf8);
     if (!isUtf8)
         LogFailure(name, "the text is not UTF-8.");
-    return isUtf8;
+    return true;
 }
 
 } // namespace

@@ -136,11 +136,15 @@ TEST_F(Session, SurvivesASectionWithoutMemoryBehindIt) {
     EXPECT_NE(product_.log(L"rud_data").find("its memory cannot be read"), std::string::npos);
 }
 
-TEST_F(Session, RefusesAUserNameThatIsNotUtf8) {
-    const FileMappingHandle user = MakeTextSection(kUserName, "\xC0\xAF");
+TEST_F(Session, TakesAUserNameThatIsNotUtf8) {
+    const FileMappingHandle user = MakeTextSection(kUserName, "anna \xFF");
     const FileMappingHandle path = MakeTextSection(kSavePath, "D:\\out");
-    EXPECT_FALSE(read().present);
-    EXPECT_EQ(read().savePath, L"before");
+    const SessionData data = read();
+    EXPECT_EQ(data.userName, L"anna \xFFFD");
+    EXPECT_EQ(data.savePath, L"D:\\out");
+    EXPECT_TRUE(data.present);
+    EXPECT_NE(product_.log(L"rud_data").find("TALVEKRO_USERNAME_DATA: the text is not UTF-8."),
+              std::string::npos);
 }
 
 TEST_F(Session, SurvivesASectionOfAnotherKind) {
@@ -150,14 +154,15 @@ TEST_F(Session, SurvivesASectionOfAnotherKind) {
     EXPECT_FALSE(read().present);
 }
 
-TEST_F(Session, RefusesWhatIsNotUtf8) {
+TEST_F(Session, TakesAFolderThatIsNotUtf8) {
     const FileMappingHandle user = MakeTextSection(kUserName, "anna");
-    const FileMappingHandle path = MakeTextSection(kSavePath, "D:\\\xFF\xFE");
+    const FileMappingHandle path = MakeTextSection(kSavePath, "D:\\out\xFF");
     const SessionData data = read();
-    EXPECT_EQ(data.savePath, L"before");
-    EXPECT_EQ(data.savePathBytes, "before");
-    EXPECT_FALSE(data.present);
-    EXPECT_NE(product_.log(L"rud_data").find("not UTF-8"), std::string::npos);
+    EXPECT_EQ(data.savePath, L"D:\\out\xFFFD");
+    EXPECT_EQ(data.savePathBytes, "D:\\out\xFF") << "as the bytes stood in the memory";
+    EXPECT_TRUE(data.present);
+    EXPECT_NE(product_.log(L"rud_data").find("TALVEKRO_PLUGIN_SAVE_PATH: the text is not UTF-8."),
+              std::string::npos);
 }
 
 // What the product asks for when it opens a section and a view of it.
