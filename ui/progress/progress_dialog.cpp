@@ -19,8 +19,6 @@ constexpr UINT_PTR kPollTimer = 1;
 constexpr UINT kPollMilliseconds = 30;
 constexpr std::uint64_t kLinesMilliseconds = 250; // nobody reads faster
 
-// The archiver writes the archive under a name of its own until it is whole.
-
 std::wstring TwoDigits(std::uint64_t number) {
     return (number < 10 ? L"0" : L"") + std::to_wstring(number);
 }
