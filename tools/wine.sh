@@ -1,9 +1,18 @@
 # shellcheck shell=bash
 # The Wine prefix of the build tree, and programs run in it. The user's own prefix is never touched.
 
+# Linux places a program's memory at random. Now and then, one start in some thousands, Wine then finds the fixed
+# place of Windows' shared user data taken and ends the program at once, with exit code 1 and "failed to map the shared
+# user data". So whoever uses Wine here runs without that randomness, and so does all that it starts. A container may
+# refuse this.
+if [ -z "${ORV_FIXED_PLACES:-}" ] && setarch -R true 2>/dev/null; then
+  export ORV_FIXED_PLACES=1
+  exec setarch -R "$BASH" "$0" "$@"
+fi
+
 export WINEPREFIX=$build_dir/wine
 export WINEARCH=win64
-export WINEDEBUG=${WINEDEBUG:--all}
+export WINEDEBUG=${WINEDEBUG:-fixme-all} # its errors say why a program did not start
 export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe='
 
 # The prefix as set-up makes it. Nothing runs in it: each other prefix is a copy of it.
