@@ -25,8 +25,8 @@ LONG volatile callers = 0; // other threads within RunOnHostThread
 LONG running = 0;
 
 const DWORD kLookMilliseconds = 5; // between two looks at the callers
-const DWORD kLongestClose =
-    2000; // milliseconds; a thread that was ended within a call never leaves
+// The longest wait for them: a thread that was ended within a call never leaves.
+const DWORD kLongestCloseMilliseconds = 2000;
 
 // A comparison that never exchanges is an atomic reading.
 HWND DoorWindow() {
@@ -94,7 +94,7 @@ void orv_host_close(void) {
     // are being carried out, one of which may have led here, get their answer afterwards.
     const DWORD begun = GetTickCount();
     while (InterlockedCompareExchange(&callers, 0, 0) > running &&
-           GetTickCount() - begun < kLongestClose) {
+           GetTickCount() - begun < kLongestCloseMilliseconds) {
         MSG message;
         PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
         MsgWaitForMultipleObjects(0, nullptr, FALSE, kLookMilliseconds, QS_SENDMESSAGE);
