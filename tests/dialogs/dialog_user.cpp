@@ -172,12 +172,17 @@ std::wstring ToolTip(HWND dialog, int control) {
 
 namespace {
 
-// A point in the check box of a row.
-POINT PointInCheckBox(HWND table, int row) {
+RECT LabelOf(HWND table, int row) {
     RECT label = {};
     label.left = LVIR_LABEL;
     ::SendMessageW(table, LVM_GETITEMRECT, static_cast<WPARAM>(row),
                    reinterpret_cast<LPARAM>(&label));
+    return label;
+}
+
+// A point in the check box of a row.
+POINT PointInCheckBox(HWND table, int row) {
+    const RECT label = LabelOf(table, row);
     const int y = (label.top + label.bottom) / 2;
     for (int x = 0; x < label.left; ++x) {
         LVHITTESTINFO hit = {};
@@ -211,10 +216,7 @@ namespace {
 
 // A point in the text of a row.
 LPARAM PointInRow(HWND table, int row) {
-    RECT label = {};
-    label.left = LVIR_LABEL;
-    ::SendMessageW(table, LVM_GETITEMRECT, static_cast<WPARAM>(row),
-                   reinterpret_cast<LPARAM>(&label));
+    const RECT label = LabelOf(table, row);
     return MAKELPARAM(label.left + 10, (label.top + label.bottom) / 2);
 }
 

@@ -45,6 +45,12 @@ protected:
     static bool canSubmit(HWND window) {
         return ::IsWindowEnabled(window) && ::IsWindowEnabled(::GetDlgItem(window, IDC_SUBMIT));
     }
+    // Submits the first camera under another name of the scene, so that the host is asked to save.
+    static void submitAs(HWND window, const wchar_t* name) {
+        ClickCheckBox(window, IDC_CAMERAS, 0);
+        Type(window, IDC_SCENE_NAME, name);
+        Press(window, IDC_SUBMIT);
+    }
     // The controls of the dialog that are enabled.
     static std::set<int> enabledControls(HWND window) {
         std::set<int> enabled;
@@ -109,9 +115,7 @@ TEST_F(Submitting, ShowsProgressOverTheDialogUntilItEnds) {
     const OpenDialog dialog;
     const HWND window = dialog.window();
     ASSERT_NE(window, nullptr);
-    ClickCheckBox(window, IDC_CAMERAS, 0);
-    Type(window, IDC_SCENE_NAME, L"other");
-    Press(window, IDC_SUBMIT);
+    submitAs(window, L"other");
 
     HWND progress = nullptr;
     ASSERT_TRUE(WaitUntil([&progress] {
@@ -205,9 +209,7 @@ TEST_F(Submitting, AsksNoMoreWhenTheNextAnalysisFindsNoIllegalReference) {
     const OpenDialog dialog;
     const HWND window = dialog.window();
     ASSERT_NE(window, nullptr);
-    ClickCheckBox(window, IDC_CAMERAS, 0);
-    Type(window, IDC_SCENE_NAME, L"other");
-    Press(window, IDC_SUBMIT);
+    submitAs(window, L"other");
     ASSERT_TRUE(boxes_->waitForBoxes(1));
     ASSERT_TRUE(WaitUntil([window] { return canSubmit(window); }));
     EXPECT_EQ(saves_, 0);
@@ -224,9 +226,7 @@ TEST_F(Submitting, ShowsNothingWhenSubmitIsPressedAgain) {
     const OpenDialog dialog;
     const HWND window = dialog.window();
     ASSERT_NE(window, nullptr);
-    ClickCheckBox(window, IDC_CAMERAS, 0);
-    Type(window, IDC_SCENE_NAME, L"other");
-    Press(window, IDC_SUBMIT);
+    submitAs(window, L"other");
     ASSERT_TRUE(saving());
     data_.confirmationRequired = true; // illegal references
     ::SendMessageW(window, WM_COMMAND, IDC_SUBMIT, 0);
@@ -320,9 +320,7 @@ TEST_F(Submitting, GoesOnWhenTheDialogIsClosed) {
         const OpenDialog dialog;
         const HWND window = dialog.window();
         ASSERT_NE(window, nullptr);
-        ClickCheckBox(window, IDC_CAMERAS, 0);
-        Type(window, IDC_SCENE_NAME, L"other");
-        Press(window, IDC_SUBMIT);
+        submitAs(window, L"other");
         ASSERT_TRUE(saving());
         ::PostMessageW(window, WM_CLOSE, 0, 0);
         EXPECT_TRUE(dialog.waitForEnd());
@@ -337,9 +335,7 @@ TEST_F(Submitting, KeepsTheDialogFromOpeningUntilItEnded) {
         const OpenDialog dialog;
         const HWND window = dialog.window();
         ASSERT_NE(window, nullptr);
-        ClickCheckBox(window, IDC_CAMERAS, 0);
-        Type(window, IDC_SCENE_NAME, L"other");
-        Press(window, IDC_SUBMIT);
+        submitAs(window, L"other");
         ASSERT_TRUE(saving());
         ::PostMessageW(window, WM_CLOSE, 0, 0);
         EXPECT_TRUE(dialog.waitForEnd());

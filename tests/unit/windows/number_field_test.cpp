@@ -148,21 +148,17 @@ protected:
     }
     HWND dialog() const { return ::GetParent(edit_.get()); }
     std::wstring text() const { return Edit(edit_.get()).text(); }
+    static NumberRules hours(int arrowsMinimum = 0, int arrowsMaximum = 239) {
+        return {TestWindow::kControlId, kArrows,       {0.0, 239.0}, 0.0, TypedText::Decimal, 0.1,
+                arrowsMinimum,          arrowsMaximum, L"0.0"};
+    }
 
     static constexpr int kArrows = TestWindow::kControlId + 1;
     const TestWindow edit_{L"EDIT"};
 };
 
 TEST_F(NumberFieldOfADialog, OpensWithItsTextAndItsArrowsRange) {
-    const NumberRules rules = {TestWindow::kControlId,
-                               kArrows,
-                               {0.0, 239.0},
-                               0.0,
-                               TypedText::Decimal,
-                               0.1,
-                               3,
-                               240,
-                               L"0.0"};
+    const NumberRules rules = hours(3, 240);
     NumberField(dialog(), rules).open();
     EXPECT_EQ(text(), L"0.0");
     int minimum = 0;
@@ -182,15 +178,7 @@ TEST_F(NumberFieldOfADialog, LeavesATextAloneThatIsFilledOtherwise) {
 }
 
 TEST_F(NumberFieldOfADialog, BringsWhatIsTypedUnderItsRules) {
-    const NumberRules rules = {TestWindow::kControlId,
-                               kArrows,
-                               {0.0, 239.0},
-                               0.0,
-                               TypedText::Decimal,
-                               0.1,
-                               0,
-                               239,
-                               L"0.0"};
+    const NumberRules rules = hours();
     const NumberField field(dialog(), rules);
     Edit(edit_.get()).setText(L"240");
     field.applyRules();
@@ -226,15 +214,7 @@ TEST_F(NumberFieldOfADialog, KeepsWhatANumberBeginsWithUntilTheUserLeavesIt) {
 }
 
 TEST_F(NumberFieldOfADialog, StepsUnlessItsArrowsCountByThemselves) {
-    NumberRules rules = {TestWindow::kControlId,
-                         kArrows,
-                         {0.0, 239.0},
-                         0.0,
-                         TypedText::Decimal,
-                         0.1,
-                         0,
-                         239,
-                         L"0.0"};
+    NumberRules rules = hours();
     const NumberField field(dialog(), rules);
     field.open();
     EXPECT_TRUE(field.step(3));
