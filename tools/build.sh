@@ -26,7 +26,8 @@ configure() {
 
 dev_clean() {
   case "${1:-}" in
-    '') rm -rf "$build_dir/mingw" "$build_dir/mingw-debug" "$build_dir/mingw-coverage" "$build_dir/lint" "$build_dir/demo" ;;
+    '') rm -rf "$build_dir/mingw" "$build_dir/mingw-debug" "$build_dir/mingw-coverage" "$build_dir/lint" "$build_dir/demo" \
+      "$build_dir/mutate" ;;
     all)
       end_wine
       rm -rf "$build_dir"

@@ -130,7 +130,11 @@ def choose(count, seed, pool):
     """The changes of this run, in the order of their numbers."""
     rng = random.Random(seed)
     commands = changes.commands(ROOT / "build/mingw", folders(PRODUCT))
-    names = sorted(set(commands) - set(NOT_SHIPPED))
+    names = sorted(name for name in project_files()
+                   if name.startswith(folders(PRODUCT)) and name.endswith(".cpp") and name not in NOT_SHIPPED)
+    unknown = [name for name in names if name not in commands]
+    if unknown:
+        raise SystemExit(f"mutate: nothing says how {', '.join(unknown)} is compiled")
     possible = dict(zip(names, pool.map(lambda n: changes.changes_of(n, commands[n]), names)))
     by_folder = collections.defaultdict(dict)
     for name in names:
