@@ -141,11 +141,10 @@ class Finder:
             if not self.says_constexpr(cursor):
                 for child in cursor.get_children():
                     if child.kind == K.COMPOUND_STMT:
-                        self.body(child, cursor)
+                        self.body(child, cursor.result_type.spelling == "bool")
         elif cursor.kind == K.VAR_DECL:
             for child in cursor.get_children():
                 if child.kind == K.INIT_LIST_EXPR:
-                    before = len(self.found)
                     self.expressions(child, "table", self.constexpr_of(cursor))
 
     def source(self, start, end):
@@ -170,12 +169,12 @@ class Finder:
         change = Change(self.name, start, end, kind, original, changed, how, unconst)
         self.found.setdefault((start, end, kind, changed), change)
 
-    def body(self, cursor, function):
+    def body(self, cursor, returns_bool):
         """The statements of a block, and what is in them."""
         for child in cursor.get_children():
-            self.statement(child, function)
+            self.statement(child, returns_bool)
 
-    def statement(self, cursor, function):
+    def statement(self, cursor, returns_bool):
         if cursor.kind in LEFT_OUT and self.is_whole_statement(cursor):
             end = cursor.extent.end.offset
             semicolon = re.match(rb"\s*;", self.text[end:])
@@ -183,30 +182,30 @@ class Finder:
                 self.add("statement", cursor, "", "statement", end=end + semicolon.end())
         if cursor.kind == K.RETURN_STMT:
             children = list(cursor.get_children())
-            if children and function.result_type.spelling == "bool":
+            if children and returns_bool:
                 value = children[0]
                 self.add("flag", value, f"!({self.text_of(value)})")
-        self.visit(cursor, function)
+        self.visit(cursor, returns_bool)
 
     def is_whole_statement(self, cursor):
         before = self.text[:cursor.extent.start.offset].rstrip()
         return before.endswith((b"{", b"}", b";", b")", b"else", b":")) and cursor.extent.end.offset > 0
 
-    def visit(self, cursor, function):
+    def visit(self, cursor, returns_bool):
         kind = cursor.kind
         children = list(cursor.get_children())
         if kind == K.COMPOUND_STMT:
             for child in children:
-                self.statement(child, function)
+                self.statement(child, returns_bool)
             return
         if kind == K.CASE_STMT:
             for child in children[1:]:
-                self.statement(child, function)
+                self.statement(child, returns_bool)
             return
         if kind == K.LAMBDA_EXPR:
             for child in children:
                 if child.kind == K.COMPOUND_STMT:
-                    self.body(child, LambdaResult)
+                    self.body(child, False)  # what it returns is not written down
             return
         if kind in (K.STATIC_ASSERT, K.CXX_UNARY_EXPR, K.TYPE_REF, K.TEMPLATE_REF, K.NAMESPACE_REF):
             return
@@ -215,20 +214,20 @@ class Finder:
         if kind in (K.IF_STMT, K.WHILE_STMT) and children:
             if children[0].kind not in (K.DECL_STMT, K.VAR_DECL):
                 self.negate(children[0])
-            self.visit(children[0], function)
+            self.visit(children[0], returns_bool)
             for child in children[1:]:
-                self.statement(child, function)
+                self.statement(child, returns_bool)
             return
         if kind in (K.FOR_STMT, K.CXX_FOR_RANGE_STMT, K.DO_STMT, K.DEFAULT_STMT, K.SWITCH_STMT):
             for child in children:
                 if child.kind in (K.COMPOUND_STMT, K.IF_STMT, K.CALL_EXPR, K.UNEXPOSED_EXPR):
-                    self.statement(child, function)
+                    self.statement(child, returns_bool)
                 else:
-                    self.visit(child, function)
+                    self.visit(child, returns_bool)
             return
         self.expression(cursor, "expression", -1)
         for child in children:
-            self.visit(child, function)
+            self.visit(child, returns_bool)
 
     def expressions(self, cursor, how, unconst):
         self.expression(cursor, how, unconst)
@@ -238,7 +237,7 @@ class Finder:
 
     def negate(self, cursor):
         text = self.text_of(cursor)
-        self.add("condition", cursor, f"!({text})", "condition")
+        self.add("condition", cursor, f"!({text})")
 
     def expression(self, cursor, how, unconst):
         kind = cursor.kind
@@ -313,12 +312,6 @@ class Finder:
                 continue
             swapped = whole[:a] + whole[c:d] + whole[b:c] + whole[a:b] + whole[d:]
             self.add("arguments", cursor, swapped.decode())
-
-
-class LambdaResult:
-    """A lambda's results are not negated: their type is not written down."""
-    class result_type:
-        spelling = ""
 
 
 def plain(shape):
